@@ -1,0 +1,3 @@
+# Sources of Calc/, relative to the project root.
+set(KORVANE_CALC_SOURCES
+)

@@ -1,0 +1,3 @@
+# Sources of CalcLib/, relative to the project root. Standard C++ only.
+set(KORVANE_CALCLIB_SOURCES
+)

@@ -1,0 +1,5 @@
+# Sources of Loaders/, relative to the project root.
+set(KORVANE_LOADERS_SOURCES
+    Loaders/ComtradeDataFormat.cpp
+    Loaders/ComtradeVersion.cpp
+)

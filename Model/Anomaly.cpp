@@ -1,0 +1,7 @@
+#include "Anomaly.h"
+
+AnomalyData::AnomalyData(int startSample, int endSample)
+    : m_startSample(startSample)
+    , m_endSample(endSample)
+{
+}

@@ -1,0 +1,140 @@
+#include "OscillogramData.h"
+
+namespace {
+template<typename T>
+void scanBlock(const QVector<T>& values, int columns, int samples, QVector<T>& minValues, QVector<T>& maxValues)
+{
+    for (int s = 0; s < samples; ++s) {
+        for (int c = 0; c < columns; ++c) {
+            const int index = s * columns + c;
+            const T value = index < values.size() ? values[index] : T(0);
+            if (s == 0) {
+                minValues[c] = value;
+                maxValues[c] = value;
+            } else if (value > maxValues[c]) {
+                maxValues[c] = value;
+            } else if (value < minValues[c]) {
+                minValues[c] = value;
+            }
+        }
+    }
+}
+
+template<typename T>
+void reserveBlock(QVector<T>& values, QVector<T>& minValues, QVector<T>& maxValues, int columns, int samples)
+{
+    minValues.resize(columns);
+    maxValues.resize(columns);
+    // A reserved QVector keeps its capacity, so appends up to this size never reallocate.
+    values.reserve(columns * samples);
+}
+} // namespace
+
+OscillogramData::OscillogramData(OscillogramDataPrivate* d)
+    : d(d)
+{
+    scanExtremes();
+}
+
+OscillogramData::~OscillogramData()
+{
+    delete d;
+}
+
+void OscillogramData::scanExtremes()
+{
+    const int samples = d->countOfSamples;
+    if (samples <= 0)
+        return;
+    scanBlock(d->doubleValues, d->countOfDoubleChannels, samples, d->doubleMinValues, d->doubleMaxValues);
+    scanBlock(d->floatValues, d->countOfFloatChannels, samples, d->floatMinValues, d->floatMaxValues);
+    scanBlock(d->int32Values, d->countOfInt32Channels, samples, d->int32MinValues, d->int32MaxValues);
+    scanBlock(d->int16Values, d->countOfInt16Channels, samples, d->int16MinValues, d->int16MaxValues);
+}
+
+int OscillogramData::countOfAnalogChannels() const
+{
+    return d->countOfDoubleChannels + d->countOfFloatChannels + d->countOfInt32Channels + d->countOfInt16Channels;
+}
+
+int OscillogramData::countOfChannelsOfType(DT::DataType type) const
+{
+    switch (type) {
+    case DT::Int16:
+        return d->countOfInt16Channels;
+    case DT::Int32:
+        return d->countOfInt32Channels;
+    case DT::Float:
+        return d->countOfFloatChannels;
+    case DT::Double:
+        return d->countOfDoubleChannels;
+    case DT::Digital:
+        return d->countOfDigitalChannels;
+    default:
+        return 0;
+    }
+}
+
+int OscillogramData::dataSizeOfType(DT::DataType type) const
+{
+    switch (type) {
+    case DT::Int16:
+        return d->int16Values.size();
+    case DT::Int32:
+        return d->int32Values.size();
+    case DT::Float:
+        return d->floatValues.size();
+    case DT::Double:
+        return d->doubleValues.size();
+    case DT::Digital:
+        return d->digitalValues.size();
+    default:
+        return 0;
+    }
+}
+
+OscillogramDataBuilder::OscillogramDataBuilder()
+    : d(new OscillogramDataPrivate)
+{
+}
+
+OscillogramDataBuilder::~OscillogramDataBuilder()
+{
+    delete d;
+}
+
+void OscillogramDataBuilder::reserve(int doubleChannels, int floatChannels, int int32Channels, int int16Channels,
+                                     int digitalChannels, int samples)
+{
+    d->countOfDoubleChannels = doubleChannels;
+    d->countOfFloatChannels = floatChannels;
+    d->countOfInt32Channels = int32Channels;
+    d->countOfInt16Channels = int16Channels;
+    d->countOfDigitalChannels = digitalChannels;
+    d->countOfSamples = samples;
+    reserveBlock(d->doubleValues, d->doubleMinValues, d->doubleMaxValues, doubleChannels, samples);
+    reserveBlock(d->floatValues, d->floatMinValues, d->floatMaxValues, floatChannels, samples);
+    reserveBlock(d->int32Values, d->int32MinValues, d->int32MaxValues, int32Channels, samples);
+    reserveBlock(d->int16Values, d->int16MinValues, d->int16MaxValues, int16Channels, samples);
+    d->digitalValues.resize(digitalChannels * samples);
+}
+
+void OscillogramDataBuilder::setCountOfSamples(int samples)
+{
+    d->countOfSamples = samples;
+}
+
+void OscillogramDataBuilder::setDigitalChannelValue(int sample, int channel, bool value)
+{
+    const int index = sample * d->countOfDigitalChannels + channel;
+    if (index < 0 || index >= d->digitalValues.size())
+        return;
+    d->digitalValues.setBit(index, value);
+}
+
+QSharedPointer<OscillogramData> OscillogramDataBuilder::build()
+{
+    OscillogramDataPrivate* block = d;
+    d = nullptr;
+    return QSharedPointer<OscillogramData>::create(block);
+}

@@ -1,0 +1,44 @@
+#include "OscillogramLoaderFactory.h"
+
+#include "Model/OscillogramLoader.h"
+
+#include <QFileInfo>
+
+#include <array>
+
+namespace {
+struct LoaderRow
+{
+    const char* suffix;
+    OscillogramLoader* (*create)(const QString& filename);
+    // A check of the file itself beyond its suffix; null where the suffix is enough.
+    bool (*accepts)(const QString& filename);
+};
+
+// One row per format the library reads, in the order of the suffix list.
+const std::array<LoaderRow, 0> loaderRows = {};
+
+const LoaderRow* rowFor(const QString& filename)
+{
+    const QString suffix = QFileInfo(filename).suffix().toLower();
+    for (const LoaderRow& row : loaderRows) {
+        if (suffix == QLatin1String(row.suffix))
+            return &row;
+    }
+    return nullptr;
+}
+} // namespace
+
+bool OscillogramLoaderFactory::isWave(const QString& filename)
+{
+    const LoaderRow* row = rowFor(filename);
+    if (!row)
+        return false;
+    return !row->accepts || row->accepts(filename);
+}
+
+OscillogramLoader* OscillogramLoaderFactory::createLoaderForFile(const QString& filename)
+{
+    const LoaderRow* row = rowFor(filename);
+    return row ? row->create(filename) : nullptr;
+}

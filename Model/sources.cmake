@@ -1,0 +1,24 @@
+# Sources of Model/, relative to the project root.
+set(KORVANE_MODEL_SOURCES
+    Model/AnalogChannel.cpp
+    Model/Anomaly.cpp
+    Model/BaseOscillogram.cpp
+    Model/Channel.cpp
+    Model/ComtradeChannels.cpp
+    Model/ComtradeOscillogram.cpp
+    Model/DigitalChannel.cpp
+    Model/EasyLibKorvane.cpp
+    Model/Exception.cpp
+    Model/Failure.cpp
+    Model/KorvaneFormat.cpp
+    Model/Line.cpp
+    Model/Oscillogram.cpp
+    Model/OscillogramData.cpp
+    Model/OscillogramLoader.cpp
+    Model/OscillogramLoaderFactory.cpp
+    Model/Oscillograms.cpp
+    Model/PreciseDateTime.cpp
+    Model/ProgressDialog.cpp
+    Model/SimpleOscillogram.cpp
+    Model/TaskBase.cpp
+)

@@ -1,0 +1,3 @@
+# Sources of Views/, relative to the project root.
+set(KORVANE_VIEWS_SOURCES
+)

@@ -1,0 +1,28 @@
+#include "RecordSummary.h"
+
+#include "Model/KorvaneFormat.h"
+#include "Model/Oscillogram.h"
+
+#include <QTextStream>
+
+QString recordSummary(const Oscillogram& record)
+{
+    QString text;
+    QTextStream out(&text);
+    out << "File: " << record.filename() << '\n'
+        << "Station: " << record.stationName() << ", device: " << record.deviceName() << '\n'
+        << "Analogue channels: " << record.countOfAnalogChannels()
+        << ", digital channels: " << record.countOfDigitalChannels() << '\n'
+        << "Sample rate: " << record.sampleRate() << " Hz, samples: "
+        << addThousandSeparators(static_cast<unsigned long long>(qMax(0, record.countOfSamples()))) << '\n'
+        << "Begin: " << record.beginTime().toString() << '\n'
+        << "Trigger: " << record.triggerTime().toString() << '\n'
+        << "End: " << record.endTime().toString() << '\n';
+    for (int i = 0; i < record.countOfAnalogChannels(); ++i) {
+        const auto channel = record.analogChannel(i);
+        out << "  A" << i + 1 << ' ' << channel->name() << " [" << channel->unit() << "]\n";
+    }
+    for (int i = 0; i < record.countOfDigitalChannels(); ++i)
+        out << "  D" << i + 1 << ' ' << record.digitalChannel(i)->name() << '\n';
+    return text;
+}

@@ -1,0 +1,28 @@
+# One executable per tested class or small family, registered with CTest, run headless.
+#   korvane_add_test(tst_name SOURCES a.cpp b.cpp [LIBS extra...] [TIMEOUT seconds] [CALCLIB_ONLY])
+# CALCLIB_ONLY links the Qt-free numeric library alone, without Qt, to keep its tests honest.
+find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
+if(NOT TARGET Qt5::Test)
+    message(FATAL_ERROR "QtTest is required to build the test suite")
+endif()
+
+function(korvane_add_test name)
+    cmake_parse_arguments(ARG "CALCLIB_ONLY" "TIMEOUT" "SOURCES;LIBS" ${ARGN})
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 300)
+    endif()
+    add_executable(${name} ${ARG_SOURCES})
+    if(ARG_CALCLIB_ONLY)
+        set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTORCC OFF AUTOUIC OFF)
+        target_link_libraries(${name} PRIVATE CalcLib ${ARG_LIBS})
+    else()
+        target_link_libraries(${name} PRIVATE korvane korvane_testsupport Qt5::Test ${ARG_LIBS})
+    endif()
+    target_compile_options(${name} PRIVATE -Wall -Wextra)
+    if(KORVANE_WERROR)
+        target_compile_options(${name} PRIVATE -Werror)
+    endif()
+    add_test(NAME ${name} COMMAND ${name})
+    # KORVANE_SAMPLES, when the test script sets it, reaches the tests through CTest's own environment.
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()

@@ -1,0 +1,3 @@
+# The fuzz targets: each has fuzz/<name>.cpp and a seed corpus in fuzz/corpus/<name>/.
+set(KORVANE_FUZZERS
+)
