@@ -4,6 +4,7 @@
 #include "korvane_export.h"
 
 #include <QColor>
+#include <QMetaType>
 #include <QSharedPointer>
 #include <QStringList>
 
@@ -64,3 +65,5 @@ private:
     bool m_isInverted = false;
     std::optional<QColor> m_customColor;
 };
+
+Q_DECLARE_METATYPE(QSharedPointer<Channel>)

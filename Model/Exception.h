@@ -3,6 +3,7 @@
 #include "korvane_export.h"
 
 #include <QCoreApplication>
+#include <QMetaType>
 #include <QSharedPointer>
 #include <QString>
 
@@ -84,3 +85,6 @@ public:
 // The text of a failure with its causes, one per line: the message, then for each cause a line
 // "По причине: <its message>". This is what the error boxes show.
 KORVANE_EXPORT QString exceptionChainText(const Exception& exception);
+
+Q_DECLARE_METATYPE(QSharedPointer<Exception>)
+Q_DECLARE_METATYPE(LoadFailureException)

@@ -56,3 +56,6 @@ public:
     // Per channel: empty without a custom colour, else red, green, blue, alpha in 16 bits.
     std::vector<std::vector<unsigned short>> customColorsAsRgbaVector() const;
 };
+
+Q_DECLARE_METATYPE(QSharedPointer<Oscillogram>)
+Q_DECLARE_METATYPE(Oscillogram*)
