@@ -4,7 +4,8 @@
 #include <utility>
 
 namespace {
-const std::array<const char*, 10> chanTypeNames = { "Unknown", "Ua", "Ub", "Uc", "Ia", "Ib", "Ic", "Uab", "Ubc", "Uca" };
+const std::array<const char*, 10> chanTypeNames
+    = { "Unknown", "Ua", "Ub", "Uc", "Ia", "Ib", "Ic", "Uab", "Ubc", "Uca" };
 
 struct NamePattern
 {
@@ -14,8 +15,7 @@ struct NamePattern
 };
 // The first hit wins, so the line voltages come before the phase voltages they contain.
 const std::array<NamePattern, 9> namePatterns = { { { "uab", 7, 0 }, { "ubc", 8, 0 }, { "uca", 9, 0 },
-                                                     { "ua", 1, 1 }, { "ub", 2, 2 }, { "uc", 3, 3 },
-                                                     { "ia", 4, 1 }, { "ib", 5, 2 }, { "ic", 6, 3 } } };
+    { "ua", 1, 1 }, { "ub", 2, 2 }, { "uc", 3, 3 }, { "ia", 4, 1 }, { "ib", 5, 2 }, { "ic", 6, 3 } } };
 } // namespace
 
 QString AnalogChannel::chanTypeName() const

@@ -42,11 +42,17 @@ public:
     OscillogramData(const OscillogramData&) = delete;
     OscillogramData& operator=(const OscillogramData&) = delete;
 
-    int doubleValueIndex(int sample, int channel) const { return sample * d->countOfDoubleChannels + channel; }
+    int doubleValueIndex(int sample, int channel) const
+    {
+        return sample * d->countOfDoubleChannels + channel;
+    }
     int floatValueIndex(int sample, int channel) const { return sample * d->countOfFloatChannels + channel; }
     int int32ValueIndex(int sample, int channel) const { return sample * d->countOfInt32Channels + channel; }
     int int16ValueIndex(int sample, int channel) const { return sample * d->countOfInt16Channels + channel; }
-    int digitalValueIndex(int sample, int channel) const { return sample * d->countOfDigitalChannels + channel; }
+    int digitalValueIndex(int sample, int channel) const
+    {
+        return sample * d->countOfDigitalChannels + channel;
+    }
 
     double doubleChannelValue(int sample, int channel) const
     {
@@ -98,8 +104,7 @@ public:
 private:
     // A read-only view of one block, taken once the store is complete: reads of whole columns go
     // through it without the indirections of the private block and its vectors.
-    template<typename T>
-    struct BlockView
+    template<typename T> struct BlockView
     {
         const T* values = nullptr;
         int size = 0;
@@ -107,9 +112,7 @@ private:
 
         BlockView() = default;
         BlockView(const QVector<T>& block, int columnCount)
-            : values(block.constData())
-            , size(block.size())
-            , columns(columnCount)
+            : values(block.constData()), size(block.size()), columns(columnCount)
         {
         }
         // Only the flat index is checked: a column beyond the count that lands within the block
@@ -136,7 +139,7 @@ public:
     OscillogramDataBuilder& operator=(const OscillogramDataBuilder&) = delete;
 
     void reserve(int doubleChannels, int floatChannels, int int32Channels, int int16Channels,
-                 int digitalChannels, int samples);
+        int digitalChannels, int samples);
     void setCountOfSamples(int samples);
 
     QVector<double>& doubleAnalogValues() { return d->doubleValues; }

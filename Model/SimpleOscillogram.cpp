@@ -36,7 +36,8 @@ PreciseDateTime SimpleOscillogram::dateTime(int sample) const
     for (int w = m_mergedWaves.size() - 1; w >= 0; --w) {
         const MergedWave& wave = m_mergedWaves[w];
         if (wave.sampleOffset <= sample)
-            return wave.beginTime.addUSec(static_cast<long long>((sample - wave.sampleOffset) * 1000000.0 / sampleRate()));
+            return wave.beginTime.addUSec(
+                static_cast<long long>((sample - wave.sampleOffset) * 1000000.0 / sampleRate()));
     }
     return PreciseDateTime();
 }

@@ -44,7 +44,7 @@ private slots:
         EasyLibKorvane::initialize();
         EasyLibKorvane::initialize();
         for (const char* name : { "QSharedPointer<Oscillogram>", "Oscillogram*", "LoadFailureException",
-                                  "QSharedPointer<Exception>", "QSharedPointer<Channel>" })
+                 "QSharedPointer<Exception>", "QSharedPointer<Channel>" })
             QVERIFY2(QMetaType::type(name) != QMetaType::UnknownType, name);
     }
 
@@ -71,7 +71,8 @@ private slots:
         SeenBox seen;
         closeNextMessageBox(seen);
         bool called = false;
-        QVERIFY(!EasyLibKorvane::open(QStringLiteral("notes.txt"), nullptr, [&called](LoaderResult&) { called = true; }));
+        QVERIFY(!EasyLibKorvane::open(
+            QStringLiteral("notes.txt"), nullptr, [&called](LoaderResult&) { called = true; }));
         QVERIFY(!called);
         QCOMPARE(seen.title, QStringLiteral("Загрузка файла"));
         QCOMPARE(seen.text, QStringLiteral("Формат файла не поддерживается."));
@@ -129,9 +130,12 @@ private slots:
     {
         QTest::addColumn<QString>("raw");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("tagged build") << "korvane_v1.4.2_build317" << "1.4.2 build 317";
-        QTest::newRow("prefix only") << "korvane_vmaster" << "master";
-        QTest::newRow("no pattern") << "1.4.2-dirty" << "1.4.2-dirty";
+        QTest::newRow("tagged build") << "korvane_v1.4.2_build317"
+                                      << "1.4.2 build 317";
+        QTest::newRow("prefix only") << "korvane_vmaster"
+                                     << "master";
+        QTest::newRow("no pattern") << "1.4.2-dirty"
+                                    << "1.4.2-dirty";
     }
 
     void humanifyGitVersion()

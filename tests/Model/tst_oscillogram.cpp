@@ -124,7 +124,8 @@ private slots:
         const auto record = simpleRecord();
         record->setHeaderFileContent(QStringLiteral("Станция 1\nНаименование файла:  КЗ на линии \nКонец"));
         QCOMPARE(record->getOscNameFromHeader(), QStringLiteral("КЗ на линии"));
-        QCOMPARE(record->headerContent(), QStringLiteral("Станция 1\nНаименование файла:  КЗ на линии \nКонец"));
+        QCOMPARE(
+            record->headerContent(), QStringLiteral("Станция 1\nНаименование файла:  КЗ на линии \nКонец"));
         const auto other = simpleRecord();
         other->setHeaderFileContent(QStringLiteral("наименование файла: lower case\n"));
         QVERIFY(other->getOscNameFromHeader().isEmpty());

@@ -47,11 +47,13 @@ private slots:
 
     void fromUSecsSinceEpochShowsUtcFieldsUnderOffset()
     {
-        const PreciseDateTime value = PreciseDateTime::fromUSecsSinceEpoch(sampleEpochSeconds * 1000000ULL + 7, 0);
+        const PreciseDateTime value
+            = PreciseDateTime::fromUSecsSinceEpoch(sampleEpochSeconds * 1000000ULL + 7, 0);
         QCOMPARE(value.toDateTime().time(), QTime(11, 7, 9));
         QCOMPARE(value.uSec(), 7);
         // setOffsetFromUtc keeps the clock fields, so a non-zero offset shifts the instant.
-        const PreciseDateTime shifted = PreciseDateTime::fromUSecsSinceEpoch(sampleEpochSeconds * 1000000ULL, 3600);
+        const PreciseDateTime shifted
+            = PreciseDateTime::fromUSecsSinceEpoch(sampleEpochSeconds * 1000000ULL, 3600);
         QCOMPARE(shifted.toDateTime().time(), QTime(11, 7, 9));
         QCOMPARE(shifted.toUSecsSinceEpoch(), (sampleEpochSeconds - 3600) * 1000000);
     }
@@ -88,7 +90,8 @@ private slots:
         QTest::newRow("zero keeps 999999") << 999999LL << 0LL << 0 << 999999LL;
         QTest::newRow("one carries to the next second") << 999999LL << 1LL << 1 << 0LL;
         QTest::newRow("minus one borrows from the previous second") << 0LL << -1LL << -1 << 999999LL;
-        QTest::newRow("minus a whole second leaves the field at 1000000") << 0LL << -1000000LL << -2 << 1000000LL;
+        QTest::newRow("minus a whole second leaves the field at 1000000")
+            << 0LL << -1000000LL << -2 << 1000000LL;
         QTest::newRow("two and a half seconds ahead") << 250000LL << 2250000LL << 2 << 500000LL;
     }
 
@@ -141,7 +144,8 @@ private slots:
     {
         const PreciseDateTime calendar = sampleStamp();
         // from() shows the UTC clock fields of its seconds under the offset, so shift them by the offset.
-        const PreciseDateTime sameInstant = PreciseDateTime::from(sampleEpochSeconds + 3 * 3600, 1250, 3 * 3600);
+        const PreciseDateTime sameInstant
+            = PreciseDateTime::from(sampleEpochSeconds + 3 * 3600, 1250, 3 * 3600);
         QCOMPARE(calendar.toUSecsSinceEpoch(), sameInstant.toUSecsSinceEpoch());
         QVERIFY(!(calendar == sameInstant));
         QVERIFY(sameInstant < calendar);
