@@ -2,4 +2,6 @@
 set(KORVANE_LOADERS_SOURCES
     Loaders/ComtradeDataFormat.cpp
     Loaders/ComtradeVersion.cpp
+    Loaders/CsvParser.cpp
+    Loaders/CsvStringParser.cpp
 )
