@@ -2,6 +2,8 @@
 set(KORVANE_LOADERS_SOURCES
     Loaders/ComtradeDataFormat.cpp
     Loaders/ComtradeVersion.cpp
+    Loaders/CsvParser.cpp
+    Loaders/CsvStringParser.cpp
     Loaders/EncodingDetector.cpp
     Loaders/ZipArchive.cpp
 )
