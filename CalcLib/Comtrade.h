@@ -20,22 +20,22 @@ public:
     virtual ~COMTRADE() = default;
 
     int writeCfg(const ComtradeAnalogList& analogs, const ComtradeDigitalList& digitals, unsigned lastSample,
-                 const std::string& path, int64_t firstTimeUs, int64_t triggerTimeUs) const;
+        const std::string& path, int64_t firstTimeUs, int64_t triggerTimeUs) const;
     // firstSample above zero appends to the file; sample numbers go on from firstSample + 1.
     int writeDat(const ComtradeDataBuffer& buffers, const std::string& path, uint64_t firstSample) const;
     int writeHdr(const std::string& path, int64_t timeUs, const std::vector<std::string>& secondLines,
-                 const std::vector<std::string>& additionalLines) const;
+        const std::vector<std::string>& additionalLines) const;
     int writeRawHdr(const std::string& path, const std::string& bytes) const;
     // userSettings may be null: then the section of the view state is left out.
     int writeInf(const ComtradeAnalogList& analogs, const ComtradeDigitalList& digitals,
-                 const ComtradeFaultList& faults, const RasDescription& ras, const std::string& path,
-                 const ComtradeMergedWaveList& mergedWaves, const CMR_USER_SETTINGS* userSettings) const;
+        const ComtradeFaultList& faults, const RasDescription& ras, const std::string& path,
+        const ComtradeMergedWaveList& mergedWaves, const CMR_USER_SETTINGS* userSettings) const;
 
     // Reads the first line, the counts and the channel lines into the lists, which are replaced.
     int readCfg(ComtradeAnalogList& analogs, ComtradeDigitalList& digitals, const std::string& path);
     // Completes the lists that readCfg filled; faults and ras are replaced. userSettings may be null.
     int readInf(ComtradeAnalogList& analogs, ComtradeDigitalList& digitals, ComtradeFaultList& faults,
-                RasDescription& ras, const std::string& path, CMR_USER_SETTINGS* userSettings) const;
+        RasDescription& ras, const std::string& path, CMR_USER_SETTINGS* userSettings) const;
     int readMergedWaves(ComtradeMergedWaveList& mergedWaves, const std::string& path) const;
 
     // "+h", "0" or "-h", then "h" and the raw byte of minutes when they are not zero. The time code

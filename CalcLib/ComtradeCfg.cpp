@@ -23,7 +23,8 @@ std::string analogLine(size_t number, const ComtradeAnalogInfo& a)
 {
     std::string line = std::to_string(number) + "," + withoutCommas(a.name) + "," + a.phase + "," + a.circuit
         + "," + a.unit;
-    for (float value : { a.multiplier, a.offsetAdder, a.skew, a.minValue, a.maxValue, a.primary, a.secondary })
+    for (float value :
+        { a.multiplier, a.offsetAdder, a.skew, a.minValue, a.maxValue, a.primary, a.secondary })
         line += "," + general(value);
     return line + "," + a.ps + lineEnd;
 }
@@ -66,7 +67,8 @@ ComtradeAnalogInfo readAnalog(const ComtradeFiles::Fields& f, int32_t physNum)
     a.phase = f[2];
     a.circuit = f[3];
     a.unit = f[4];
-    float* numbers[] = { &a.multiplier, &a.offsetAdder, &a.skew, &a.minValue, &a.maxValue, &a.primary, &a.secondary };
+    float* numbers[]
+        = { &a.multiplier, &a.offsetAdder, &a.skew, &a.minValue, &a.maxValue, &a.primary, &a.secondary };
     for (size_t i = 0; i < 7; ++i)
         *numbers[i] = ComtradeText::toFloat(ComtradeText::leadingDouble(f[5 + i]));
     a.ps = firstCharOr(f[12], 'p');
@@ -86,8 +88,8 @@ ComtradeDigitalInfo readDigital(const ComtradeFiles::Fields& f, int32_t physNum)
 }
 } // namespace
 
-int COMTRADE::writeCfg(const ComtradeAnalogList& analogs, const ComtradeDigitalList& digitals, unsigned lastSample,
-                       const std::string& path, int64_t firstTimeUs, int64_t triggerTimeUs) const
+int COMTRADE::writeCfg(const ComtradeAnalogList& analogs, const ComtradeDigitalList& digitals,
+    unsigned lastSample, const std::string& path, int64_t firstTimeUs, int64_t triggerTimeUs) const
 {
     std::string text = m_stationName + "," + m_deviceName + "," + std::to_string(m_revisionYear) + lineEnd;
     text += std::to_string(analogs.size() + digitals.size()) + "," + std::to_string(analogs.size()) + "A,"

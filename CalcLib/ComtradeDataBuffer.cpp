@@ -149,8 +149,8 @@ void ComtradeDataBuffer::clear()
     m_format = 3;
 }
 
-int ComtradeDataBuffer::init(uint32_t blocks, uint32_t samplesPerBlock, uint32_t analogCount,
-                             uint32_t digitalCount, int format)
+int ComtradeDataBuffer::init(
+    uint32_t blocks, uint32_t samplesPerBlock, uint32_t analogCount, uint32_t digitalCount, int format)
 {
     clear();
     const uint32_t width = valueWidth(format);

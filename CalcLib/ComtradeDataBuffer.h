@@ -44,8 +44,8 @@ public:
     ~ComtradeDataBuffer() = default;
 
     // 0 on success; -1 when the sizes overflow or the memory can't be had, the buffer is then empty.
-    int init(uint32_t blocks, uint32_t samplesPerBlock, uint32_t analogCount, uint32_t digitalCount,
-             int format);
+    int init(
+        uint32_t blocks, uint32_t samplesPerBlock, uint32_t analogCount, uint32_t digitalCount, int format);
     void clear();
 
     bool isEmpty() const { return sampleCount() == 0; }

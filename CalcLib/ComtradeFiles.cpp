@@ -1,6 +1,5 @@
 #include "CalcLib/ComtradeFiles.h"
 
-
 namespace ComtradeFiles {
 namespace {
 constexpr size_t lineLimit = 4096;
@@ -8,7 +7,8 @@ constexpr size_t lineLimit = 4096;
 
 bool writeAndClose(File file, const std::string& bytes)
 {
-    const bool written = bytes.empty() || std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
+    const bool written
+        = bytes.empty() || std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
     return std::fclose(file.release()) == 0 && written;
 }
 

@@ -27,10 +27,7 @@ bool writeAndClose(File file, const std::string& bytes);
 class LineReader
 {
 public:
-    explicit LineReader(std::FILE* file)
-        : m_file(file)
-    {
-    }
+    explicit LineReader(std::FILE* file) : m_file(file) { }
     // False at the end of the file; the line is then empty.
     bool next(std::string& line);
 
@@ -43,7 +40,10 @@ class Fields
 {
 public:
     explicit Fields(const std::string& line);
-    std::string operator[](size_t index) const { return index < m_fields.size() ? m_fields[index] : std::string(); }
+    std::string operator[](size_t index) const
+    {
+        return index < m_fields.size() ? m_fields[index] : std::string();
+    }
 
 private:
     std::vector<std::string> m_fields;

@@ -9,7 +9,7 @@ const char* const lineEnd = "\r\n";
 // A write or close failure after a successful open still returns 0, as the callers of this
 // header have always seen it.
 int COMTRADE::writeHdr(const std::string& path, int64_t timeUs, const std::vector<std::string>& secondLines,
-                       const std::vector<std::string>& additionalLines) const
+    const std::vector<std::string>& additionalLines) const
 {
     std::string text;
     text += "Осциллограмма записана устройством \"" + m_deviceName + "\"" + lineEnd;

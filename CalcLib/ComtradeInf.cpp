@@ -75,11 +75,7 @@ const char* trueFalse(bool value)
 class SectionWriter
 {
 public:
-    SectionWriter(IniFile& ini, std::string section)
-        : m_ini(ini)
-        , m_section(std::move(section))
-    {
-    }
+    SectionWriter(IniFile& ini, std::string section) : m_ini(ini), m_section(std::move(section)) { }
     SectionWriter& put(const std::string& key, const std::string& value)
     {
         m_ini.setValue(m_section, key, value);
@@ -179,11 +175,7 @@ void writeUserSettings(IniFile& ini, const CMR_USER_SETTINGS& settings)
 class SectionReader
 {
 public:
-    SectionReader(const IniFile& ini, std::string section)
-        : m_ini(ini)
-        , m_section(std::move(section))
-    {
-    }
+    SectionReader(const IniFile& ini, std::string section) : m_ini(ini), m_section(std::move(section)) { }
     bool exists() const { return m_ini.hasSection(m_section); }
     bool has(const std::string& key) const { return m_ini.hasKey(m_section, key); }
     std::string text(const std::string& key) const { return m_ini.value(m_section, key); }
@@ -308,7 +300,8 @@ void readAnalogs(const IniFile& ini, ComtradeAnalogList& analogs)
         const SectionReader r(ini, analogSection(size_t(++place)));
         if (!r.exists())
             continue;
-        analog.waveType = r.has("ChannelType") ? ComtradeTables::channelTypeFromName(r.text("ChannelType")) : 4;
+        analog.waveType
+            = r.has("ChannelType") ? ComtradeTables::channelTypeFromName(r.text("ChannelType")) : 4;
         analog.currentOrVoltage = ComtradeTables::currentOrVoltageFromName(r.text("Type"));
         analog.physical = r.flag("Physical");
         analog.inversion = r.flag("Inversion");
@@ -356,8 +349,8 @@ void readUserSettings(const IniFile& ini, CMR_USER_SETTINGS& settings)
 } // namespace
 
 int COMTRADE::writeInf(const ComtradeAnalogList& analogs, const ComtradeDigitalList& digitals,
-                       const ComtradeFaultList& faults, const RasDescription& description, const std::string& path,
-                       const ComtradeMergedWaveList& mergedWaves, const CMR_USER_SETTINGS* userSettings) const
+    const ComtradeFaultList& faults, const RasDescription& description, const std::string& path,
+    const ComtradeMergedWaveList& mergedWaves, const CMR_USER_SETTINGS* userSettings) const
 {
     IniFile ini;
     writeRas(ini, description);
@@ -394,7 +387,7 @@ int COMTRADE::writeInf(const ComtradeAnalogList& analogs, const ComtradeDigitalL
 }
 
 int COMTRADE::readInf(ComtradeAnalogList& analogs, ComtradeDigitalList& digitals, ComtradeFaultList& faults,
-                      RasDescription& description, const std::string& path, CMR_USER_SETTINGS* userSettings) const
+    RasDescription& description, const std::string& path, CMR_USER_SETTINGS* userSettings) const
 {
     IniFile ini;
     if (!ini.load(pathOr(path, ".INF")))
@@ -419,6 +412,6 @@ int COMTRADE::readMergedWaves(ComtradeMergedWaveList& mergedWaves, const std::st
         if (!r.exists())
             return 0;
         mergedWaves.push_back(ComtradeMergedWaveInfo { r.text("BeginTime"), int32_t(r.number("BlockNum")),
-                                                       r.numbers("AnalogNumber"), r.numbers("DigitalNumber") });
+            r.numbers("AnalogNumber"), r.numbers("DigitalNumber") });
     }
 }

@@ -7,17 +7,15 @@
 namespace ComtradeTables {
 namespace {
 const std::array<const char*, 5> channelTypes = { "Unknown", "Sine", "Const", "Meandr", "Instant" };
-const std::array<const char*, 7> equipmentTypes = { "Line",    "Shunt_Reactor",  "Power_Transformer",
-                                                    "Generator", "Breaker",      "Busbar_Section",
-                                                    "Capacitor_Bank" };
-const std::array<const char*, 7> protectionGroups
-    = { "Relay_Protection",           "Emergency_Control_Automation", "Control_Automation",
-        "Operation_Control_Automation", "Operating_Current_System",   "Digital_Fault_Recorder",
-        "Fault_Recorder" };
+const std::array<const char*, 7> equipmentTypes = { "Line", "Shunt_Reactor", "Power_Transformer", "Generator",
+    "Breaker", "Busbar_Section", "Capacitor_Bank" };
+const std::array<const char*, 7> protectionGroups = { "Relay_Protection", "Emergency_Control_Automation",
+    "Control_Automation", "Operation_Control_Automation", "Operating_Current_System",
+    "Digital_Fault_Recorder", "Fault_Recorder" };
 const std::array<const char*, 4> dataFormats = { "ASCII", "binary", "binary32", "float32" };
 
-template<size_t N> std::string lookUp(const std::array<const char*, N>& table, int64_t index,
-                                      const char* fallback)
+template<size_t N>
+std::string lookUp(const std::array<const char*, N>& table, int64_t index, const char* fallback)
 {
     if (index < 0 || index >= int64_t(N))
         return fallback;

@@ -116,7 +116,8 @@ bool IniFile::hasKey(const std::string& section, const std::string& key) const
     return found && findKey(*found, key);
 }
 
-std::string IniFile::value(const std::string& section, const std::string& key, const std::string& fallback) const
+std::string IniFile::value(
+    const std::string& section, const std::string& key, const std::string& fallback) const
 {
     const Section* found = findSection(section);
     const Key* entry = found ? findKey(*found, key) : nullptr;
@@ -183,7 +184,8 @@ void IniFile::parseLine(const std::string& rawLine, Section*& current, bool& ign
         current->keys.push_back(Key { name, trimmed(rest), {} });
         return;
     }
-    current->keys.push_back(Key { name, trimmed(rest.substr(0, semicolon)), trimmed(rest.substr(semicolon + 1)) });
+    current->keys.push_back(
+        Key { name, trimmed(rest.substr(0, semicolon)), trimmed(rest.substr(semicolon + 1)) });
 }
 
 bool IniFile::load(const std::string& path)

@@ -40,7 +40,7 @@ public:
     bool hasKey(const std::string& section, const std::string& key) const;
     // The value, or the fallback when the section or the key is missing.
     std::string value(const std::string& section, const std::string& key,
-                      const std::string& fallback = std::string()) const;
+        const std::string& fallback = std::string()) const;
     std::string sectionComment(const std::string& section) const;
     std::string keyComment(const std::string& section, const std::string& key) const;
     const std::list<Section>& sections() const { return m_sections; }
