@@ -4,6 +4,7 @@
 #include "CalcLib/ComtradeText.h"
 #include "CalcLib/IniFile.h"
 
+#include <algorithm>
 #include <locale>
 #include <sstream>
 
@@ -15,35 +16,66 @@ const std::string ras = "Russian_Comtrade_Edition ";
 const std::string descriptionSection = ras + "Description";
 const std::string userSettingsSection = "Tessara UserSettings";
 
-std::string numbered(const std::string& prefix, std::initializer_list<size_t> numbers)
+// The numbers n from 1 to count for which the section prefix + n exists, rising. The same as
+// asking for every number in turn, but bounded by the sections there are, not by the count.
+std::vector<int> presentNumbers(const IniFile& ini, const std::string& prefix, int count)
 {
-    std::string name = prefix;
-    bool first = true;
-    for (size_t number : numbers) {
-        name += (first ? "" : "_#") + std::to_string(number);
-        first = false;
+    std::vector<int> numbers;
+    for (const IniFile::Section& section : ini.sections()) {
+        const std::string& name = section.name;
+        if (name.size() <= prefix.size() || name.size() > prefix.size() + 5
+            || !ComtradeText::equalsIgnoreCase(name.substr(0, prefix.size()), prefix))
+            continue;
+        const std::string digits = name.substr(prefix.size());
+        if (digits[0] == '0' || digits.find_first_not_of("0123456789") != std::string::npos)
+            continue;
+        const int number = std::stoi(digits);
+        if (number <= count)
+            numbers.push_back(number);
     }
-    return name;
+    std::sort(numbers.begin(), numbers.end());
+    return numbers;
+}
+
+// Prefixes of the numbered sections: the last number follows them.
+std::string powerObjectPrefix()
+{
+    return ras + "Power_Object_#";
+}
+
+std::string devicePrefix(size_t o)
+{
+    return ras + "Recording_Device_#" + std::to_string(o) + "_#";
+}
+
+std::string equipmentPrefix(size_t o, size_t d)
+{
+    return ras + "Analog_Channel_Equipment_#" + std::to_string(o) + "_#" + std::to_string(d) + "_#";
+}
+
+std::string statusPrefix(size_t o, size_t d)
+{
+    return ras + "Status_Channel_#" + std::to_string(o) + "_#" + std::to_string(d) + "_#";
 }
 
 std::string powerObjectSection(size_t o)
 {
-    return numbered(ras + "Power_Object_#", { o });
+    return powerObjectPrefix() + std::to_string(o);
 }
 
 std::string deviceSection(size_t o, size_t d)
 {
-    return numbered(ras + "Recording_Device_#", { o, d });
+    return devicePrefix(o) + std::to_string(d);
 }
 
 std::string equipmentSection(size_t o, size_t d, size_t e)
 {
-    return numbered(ras + "Analog_Channel_Equipment_#", { o, d, e });
+    return equipmentPrefix(o, d) + std::to_string(e);
 }
 
 std::string statusSection(size_t o, size_t d, size_t s)
 {
-    return numbered(ras + "Status_Channel_#", { o, d, s });
+    return statusPrefix(o, d) + std::to_string(s);
 }
 
 std::string analogSection(size_t a)
@@ -250,18 +282,11 @@ RasRecordingDevice readDevice(const IniFile& ini, size_t o, size_t d)
     device.hardwareRevision = r.text("Hardware_Revision");
     device.softwareRevision = r.text("Software_Revision");
     device.comtradeFileName = r.text("Comtrade_File_Name");
-    const int equipmentCount = r.count("EquipmentCount");
-    for (int e = 1; e <= equipmentCount; ++e) {
-        const SectionReader equipment(ini, equipmentSection(o, d, size_t(e)));
-        if (equipment.exists())
-            device.equipment.push_back(readEquipment(equipment));
-    }
-    const int statusCount = r.count("StatusChannelCount");
-    for (int s = 1; s <= statusCount; ++s) {
-        const SectionReader status(ini, statusSection(o, d, size_t(s)));
-        if (status.exists())
-            device.statusChannels.push_back(readStatusChannel(status));
-    }
+    for (int e : presentNumbers(ini, equipmentPrefix(o, d), r.count("EquipmentCount")))
+        device.equipment.push_back(readEquipment(SectionReader(ini, equipmentSection(o, d, size_t(e)))));
+    for (int s : presentNumbers(ini, statusPrefix(o, d), r.count("StatusChannelCount")))
+        device.statusChannels.push_back(
+            readStatusChannel(SectionReader(ini, statusSection(o, d, size_t(s)))));
     return device;
 }
 
@@ -272,11 +297,8 @@ RasPowerObject readPowerObject(const IniFile& ini, size_t o)
     object.territory = r.text("Territory");
     object.companyName = r.text("Company_Name");
     object.stationName = r.text("Station_Name");
-    const int deviceCount = r.count("RecordingDeviceCount");
-    for (int d = 1; d <= deviceCount; ++d) {
-        if (ini.hasSection(deviceSection(o, size_t(d))))
-            object.recordingDevices.push_back(readDevice(ini, o, size_t(d)));
-    }
+    for (int d : presentNumbers(ini, devicePrefix(o), r.count("RecordingDeviceCount")))
+        object.recordingDevices.push_back(readDevice(ini, o, size_t(d)));
     return object;
 }
 
@@ -286,11 +308,8 @@ void readRas(const IniFile& ini, RasDescription& description)
     description.version = r.text("Russian_Comtrade_Edition_Version");
     description.revision = r.text("Russian_Comtrade_Edition_Revision");
     description.powerObjects.clear();
-    const int objectCount = r.count("PowerObjectCount");
-    for (int o = 1; o <= objectCount; ++o) {
-        if (ini.hasSection(powerObjectSection(size_t(o))))
-            description.powerObjects.push_back(readPowerObject(ini, size_t(o)));
-    }
+    for (int o : presentNumbers(ini, powerObjectPrefix(), r.count("PowerObjectCount")))
+        description.powerObjects.push_back(readPowerObject(ini, size_t(o)));
 }
 
 void readAnalogs(const IniFile& ini, ComtradeAnalogList& analogs)

@@ -1,7 +1,5 @@
 #include "CalcLib/IniFile.h"
 
-#include "CalcLib/ComtradeText.h"
-
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -13,6 +11,16 @@ constexpr int lineBufferSize = 4096;
 bool isWhite(char c)
 {
     return c >= 1 && c <= 32;
+}
+
+// Names compare byte by byte with ASCII letters folded.
+std::string folded(std::string name)
+{
+    for (char& c : name) {
+        if (c >= 'A' && c <= 'Z')
+            c = char(c - 'A' + 'a');
+    }
+    return name;
 }
 
 std::string trimmed(const std::string& text)
@@ -49,40 +57,61 @@ void putComment(std::string& line, const std::string& comment)
 }
 } // namespace
 
+void IniFile::clear()
+{
+    m_sections.clear();
+    m_sectionIndex.clear();
+}
+
 const IniFile::Section* IniFile::findSection(const std::string& name) const
 {
-    for (const Section& section : m_sections) {
-        if (!section.name.empty() && ComtradeText::equalsIgnoreCase(section.name, name))
-            return &section;
-    }
-    return nullptr;
+    const auto found = m_sectionIndex.find(folded(name));
+    return found == m_sectionIndex.end() ? nullptr : found->second;
 }
 
 IniFile::Section* IniFile::findSection(const std::string& name)
 {
-    return const_cast<Section*>(static_cast<const IniFile*>(this)->findSection(name));
+    const auto found = m_sectionIndex.find(folded(name));
+    return found == m_sectionIndex.end() ? nullptr : found->second;
 }
 
 const IniFile::Key* IniFile::findKey(const Section& section, const std::string& name)
 {
-    for (const Key& key : section.keys) {
-        if (!key.name.empty() && ComtradeText::equalsIgnoreCase(key.name, name))
-            return &key;
-    }
-    return nullptr;
+    const auto found = section.keyIndex.find(folded(name));
+    return found == section.keyIndex.end() ? nullptr : found->second;
 }
 
 IniFile::Key* IniFile::findKey(Section& section, const std::string& name)
 {
-    return const_cast<Key*>(findKey(static_cast<const Section&>(section), name));
+    const auto found = section.keyIndex.find(folded(name));
+    return found == section.keyIndex.end() ? nullptr : found->second;
+}
+
+// Nameless entries hold comments and are never found.
+IniFile::Section& IniFile::appendSection(const std::string& name, const std::string& comment)
+{
+    m_sections.push_back(Section { name, comment, {}, {} });
+    Section& section = m_sections.back();
+    if (!name.empty())
+        m_sectionIndex.emplace(folded(name), &section);
+    return section;
+}
+
+IniFile::Key& IniFile::appendKey(
+    Section& section, const std::string& name, const std::string& value, const std::string& comment)
+{
+    section.keys.push_back(Key { name, value, comment });
+    Key& key = section.keys.back();
+    if (!name.empty())
+        section.keyIndex.emplace(folded(name), &key);
+    return key;
 }
 
 IniFile::Section& IniFile::sectionFor(const std::string& name)
 {
     if (Section* section = findSection(name))
         return *section;
-    m_sections.push_back(Section { name, {}, {} });
-    return m_sections.back();
+    return appendSection(name, {});
 }
 
 void IniFile::setValue(const std::string& section, const std::string& key, const std::string& value)
@@ -92,7 +121,7 @@ void IniFile::setValue(const std::string& section, const std::string& key, const
         existing->value = value;
         return;
     }
-    target.keys.push_back(Key { key, value, {} });
+    appendKey(target, key, value, {});
 }
 
 void IniFile::setSectionComment(const std::string& section, const std::string& comment)
@@ -107,7 +136,7 @@ void IniFile::setKeyComment(const std::string& section, const std::string& key, 
         existing->comment = comment;
         return;
     }
-    target.keys.push_back(Key { key, {}, comment });
+    appendKey(target, key, {}, comment);
 }
 
 bool IniFile::hasKey(const std::string& section, const std::string& key) const
@@ -157,8 +186,7 @@ void IniFile::parseLine(const std::string& rawLine, Section*& current, bool& ign
         const size_t semicolon = line.find(';', close);
         const std::string comment
             = semicolon == std::string::npos ? std::string() : trimmed(line.substr(semicolon + 1));
-        m_sections.push_back(Section { name, comment, {} });
-        current = &m_sections.back();
+        current = &appendSection(name, comment);
         ignoring = false;
         return;
     }
@@ -167,9 +195,9 @@ void IniFile::parseLine(const std::string& rawLine, Section*& current, bool& ign
     if (line[0] == ';') {
         const std::string comment = trimmed(line.substr(1));
         if (current)
-            current->keys.push_back(Key { {}, {}, comment });
+            appendKey(*current, {}, {}, comment);
         else
-            m_sections.push_back(Section { {}, comment, {} });
+            appendSection({}, comment);
         return;
     }
     const size_t equals = line.find('=');
@@ -181,11 +209,10 @@ void IniFile::parseLine(const std::string& rawLine, Section*& current, bool& ign
     const std::string rest = line.substr(equals + 1);
     const size_t semicolon = rest.find(';');
     if (semicolon == std::string::npos) {
-        current->keys.push_back(Key { name, trimmed(rest), {} });
+        appendKey(*current, name, trimmed(rest), {});
         return;
     }
-    current->keys.push_back(
-        Key { name, trimmed(rest.substr(0, semicolon)), trimmed(rest.substr(semicolon + 1)) });
+    appendKey(*current, name, trimmed(rest.substr(0, semicolon)), trimmed(rest.substr(semicolon + 1)));
 }
 
 bool IniFile::load(const std::string& path)

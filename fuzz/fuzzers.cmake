@@ -1,3 +1,4 @@
 # The fuzz targets: each has fuzz/<name>.cpp and a seed corpus in fuzz/corpus/<name>/.
 set(KORVANE_FUZZERS
+    comtrade_readers
 )

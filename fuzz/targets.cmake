@@ -1,1 +1,2 @@
 # korvane_add_fuzzer(<name> LIBS <fuzz_calclib | fuzz_core>) for each name in fuzzers.cmake.
+korvane_add_fuzzer(comtrade_readers LIBS fuzz_calclib)

@@ -16,10 +16,7 @@ namespace {
 class CerrCapture
 {
 public:
-    CerrCapture()
-        : m_old(std::cerr.rdbuf(m_text.rdbuf()))
-    {
-    }
+    CerrCapture() : m_old(std::cerr.rdbuf(m_text.rdbuf())) { }
     ~CerrCapture() { std::cerr.rdbuf(m_old); }
     std::string text() const { return m_text.str(); }
 
@@ -206,14 +203,15 @@ private slots:
         QTest::addColumn<int>("analogs");
         QTest::newRow("empty file") << QByteArray() << 0;
         QTest::newRow("truncated inside a channel line") << QByteArray("S,D,1999\n2,2A,0D\n1,Ua,A") << 1;
-        QTest::newRow("counts beyond the file") << QByteArray("S,D,1999\n9,2000000000A,2000000000D\n1,x\n") << 1;
+        QTest::newRow("counts beyond the file")
+            << QByteArray("S,D,1999\n9,2000000000A,2000000000D\n1,x\n") << 1;
         QTest::newRow("negative counts") << QByteArray("S,D,1999\n9,-4A,-1D\n1,x\n") << 0;
-        QTest::newRow("megabyte line") << QByteArray("S,D,1999\n1,1A,0D\n1,") + QByteArray(4 * 1024 * 1024, 'n')
-                                                + QByteArray(",A\n")
-                                       << 1;
-        QTest::newRow("numbers beyond float") << QByteArray("S,D,2013\n1,1A,0D\n1,a,b,c,d,1e999,-1e999,1e-999,nan,"
-                                                            "inf,0x10,--1,\n")
-                                              << 1;
+        QTest::newRow("megabyte line")
+            << QByteArray("S,D,1999\n1,1A,0D\n1,") + QByteArray(4 * 1024 * 1024, 'n') + QByteArray(",A\n")
+            << 1;
+        QTest::newRow("numbers beyond float") << QByteArray(
+            "S,D,2013\n1,1A,0D\n1,a,b,c,d,1e999,-1e999,1e-999,nan,"
+            "inf,0x10,--1,\n") << 1;
         QByteArray garbage(70000, '\0');
         std::mt19937 random(7);
         for (char& byte : garbage)
@@ -347,6 +345,12 @@ private slots:
                                 "Equipment_Type=4\n"
                                 "VT_Channel_Number=0,3, 5,x,0\n"
                                 "Z_0=abc\n"
+                                "[russian_comtrade_edition power_object_#3]\n"
+                                "Territory=T3\n"
+                                "[Russian_Comtrade_Edition Power_Object_#4]\n"
+                                "Territory=T4\n"
+                                "[Russian_Comtrade_Edition Power_Object_#01]\n"
+                                "Territory=T01\n"
                                 "[Tessara AnalogChannel#1]\n"
                                 "ChannelType=mEANDR\n"
                                 "Type=u\n"
@@ -375,7 +379,8 @@ private slots:
         QCOMPARE(c.readInf(analogs, digitals, faults, ras, put("other.inf", text), &settings), 0);
 
         QCOMPARE(ras.version, std::string());
-        QCOMPARE(ras.powerObjects.size(), size_t(1));
+        QCOMPARE(ras.powerObjects.size(), size_t(2));
+        QCOMPARE(ras.powerObjects.back().territory, std::string("T3"));
         const RasPowerObject& object = ras.powerObjects.front();
         QCOMPARE(object.territory, std::string("T2"));
         QCOMPARE(object.recordingDevices.size(), size_t(1));
@@ -418,9 +423,9 @@ private slots:
         ComtradeFaultList faults;
         RasDescription ras;
         COMTRADE c;
-        QCOMPARE(c.readInf(analogs, digitals, faults, ras, put("ct.inf", "[Tessara AnalogChannel#1]\nPhysical=0\n"),
-                           nullptr),
-                 0);
+        QCOMPARE(c.readInf(analogs, digitals, faults, ras,
+                     put("ct.inf", "[Tessara AnalogChannel#1]\nPhysical=0\n"), nullptr),
+            0);
         QCOMPARE(analogs.front().waveType, 4);
         QCOMPARE(analogs.front().physNum, 0);
         QVERIFY(!analogs.front().physical);
@@ -449,7 +454,7 @@ private slots:
     void mergedWavesRoundTrip()
     {
         const ComtradeMergedWaveList waves { { "01/02/2026,03:04:05.000006", 0, { 0, 2 }, { 1 } },
-                                             { "01/02/2026,03:04:06.000000", 1200, {}, { 0, 1, 2 } } };
+            { "01/02/2026,03:04:06.000000", 1200, {}, { 0, 1, 2 } } };
         COMTRADE c;
         QCOMPARE(c.writeInf({}, {}, {}, RasDescription(), path("mw.inf"), waves, nullptr), 0);
         ComtradeMergedWaveList read { { "stale", 1, {}, {} } };
@@ -484,8 +489,14 @@ private slots:
         QTest::newRow("huge counts without sections")
             << QByteArray("[Russian_Comtrade_Edition Description]\nPowerObjectCount=32767\n"
                           "[Russian_Comtrade_Edition Power_Object_#1]\nRecordingDeviceCount=99999999999\n");
-        QTest::newRow("megabyte line") << QByteArray("[Tessara Fault#1]\nReason=") + QByteArray(2 * 1024 * 1024, 'r')
-                                              + QByteArray("\n");
+        QByteArray manyObjects = "[Russian_Comtrade_Edition Description]\nPowerObjectCount=32767\n";
+        for (int o = 1; o <= 1500; ++o) {
+            manyObjects += "[Russian_Comtrade_Edition Power_Object_#" + QByteArray::number(o)
+                + "]\nRecordingDeviceCount=32767\n";
+        }
+        QTest::newRow("many objects with the largest counts") << manyObjects;
+        QTest::newRow("megabyte line")
+            << QByteArray("[Tessara Fault#1]\nReason=") + QByteArray(2 * 1024 * 1024, 'r') + QByteArray("\n");
         QByteArray garbage(70000, '\0');
         std::mt19937 random(11);
         for (char& byte : garbage)
