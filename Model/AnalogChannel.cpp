@@ -1,7 +1,5 @@
 #include "AnalogChannel.h"
 
-#include "Model/OscillogramData.h"
-
 #include <array>
 #include <utility>
 
@@ -47,40 +45,6 @@ void AnalogChannel::setCMRChanType(int type)
     default:
         break;
     }
-}
-
-double AnalogChannel::getValue(int sample, int column) const
-{
-    const double value = Channel::getValue(sample, column);
-    return isInverted() ? minValue() + maxValue() - value : value;
-}
-
-double AnalogChannel::extremeValue(bool maximum) const
-{
-    const OscillogramData& store = *data();
-    const int column = dataOffset();
-    switch (dataType()) {
-    case DT::Int16:
-        return maximum ? store.int16MaxValue(column) : store.int16MinValue(column);
-    case DT::Int32:
-        return maximum ? store.int32MaxValue(column) : store.int32MinValue(column);
-    case DT::Float:
-        return maximum ? store.floatMaxValue(column) : store.floatMinValue(column);
-    case DT::Double:
-        return maximum ? store.doubleMaxValue(column) : store.doubleMinValue(column);
-    default:
-        return 0.0;
-    }
-}
-
-double AnalogChannel::minValue() const
-{
-    return extremeValue(false);
-}
-
-double AnalogChannel::maxValue() const
-{
-    return extremeValue(true);
 }
 
 void AnalogChannel::definePhase()

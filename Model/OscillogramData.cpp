@@ -32,6 +32,10 @@ void reserveBlock(QVector<T>& values, QVector<T>& minValues, QVector<T>& maxValu
 
 OscillogramData::OscillogramData(OscillogramDataPrivate* d)
     : d(d)
+    , m_doubles(d->doubleValues, d->countOfDoubleChannels)
+    , m_floats(d->floatValues, d->countOfFloatChannels)
+    , m_int32s(d->int32Values, d->countOfInt32Channels)
+    , m_int16s(d->int16Values, d->countOfInt16Channels)
 {
     scanExtremes();
 }
