@@ -1,4 +1,5 @@
 # The fuzz targets: each has fuzz/<name>.cpp and a seed corpus in fuzz/corpus/<name>/.
 set(KORVANE_FUZZERS
     csv_parser
+    comtrade_readers
 )
