@@ -1,10 +1,9 @@
 #include "OscillogramLoaderFactory.h"
 
+#include "Loaders/ComtradeLoader.h"
 #include "Model/OscillogramLoader.h"
 
 #include <QFileInfo>
-
-#include <array>
 
 namespace {
 struct LoaderRow
@@ -15,8 +14,17 @@ struct LoaderRow
     bool (*accepts)(const QString& filename);
 };
 
+template<typename Loader> OscillogramLoader* makeLoader(const QString& filename)
+{
+    return new Loader(filename, nullptr);
+}
+
 // One row per format the library reads, in the order of the suffix list.
-const std::array<LoaderRow, 0> loaderRows = {};
+const LoaderRow loaderRows[] = {
+    { "cfg", &makeLoader<ComtradeLoader>, nullptr },
+    // A zip counts as a record only when it holds a COMTRADE set.
+    { "zip", &makeLoader<ComtradeLoader>, &ComtradeLoader::isComtrade },
+};
 
 const LoaderRow* rowFor(const QString& filename)
 {
