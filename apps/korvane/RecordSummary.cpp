@@ -24,5 +24,9 @@ QString recordSummary(const Oscillogram& record)
     }
     for (int i = 0; i < record.countOfDigitalChannels(); ++i)
         out << "  D" << i + 1 << ' ' << record.digitalChannel(i)->name() << '\n';
+    for (int i = 0; i < record.countOfLines(); ++i)
+        out << "Line: " << record.line(i)->name() << '\n';
+    for (const auto& failure : record.failures())
+        out << "Failure at sample " << failure->blockNum() << ": " << failure->reason() << '\n';
     return text;
 }

@@ -1,4 +1,5 @@
-// The library's first host: opens the record named on the command line and prints what it holds.
+// The library's first host: opens the record named on the command line, or the sample record
+// the build makes, and prints what it holds.
 
 #include "Model/EasyLibKorvane.h"
 #include "RecordSummary.h"
@@ -13,12 +14,9 @@ int main(int argc, char* argv[])
     QTextStream out(stdout);
     QTextStream err(stderr);
     const QStringList arguments = app.arguments();
-    if (arguments.size() < 2) {
-        err << "Usage: korvane RECORD\n";
-        return 2;
-    }
+    const QString file = arguments.size() > 1 ? arguments.at(1) : QStringLiteral(KORVANE_SAMPLE_RECORD);
     QString errorText;
-    const auto record = EasyLibKorvane::open(arguments.at(1), errorText);
+    const auto record = EasyLibKorvane::open(file, errorText);
     if (!record) {
         err << (errorText.isEmpty() ? QStringLiteral("Не удалось открыть файл") : errorText) << '\n';
         return 1;
