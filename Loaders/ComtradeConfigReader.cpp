@@ -73,9 +73,9 @@ void ComtradeLoader::parseConfigFile(CsvParser& parser)
     }
 
     parser.readLine(ComtradeCFGFields::FirstValueTime);
-    PreciseDateTime first = readTimeStamp(parser);
+    PreciseDateTime first = readTimeStamp(parser.stringParser());
     parser.readLine(ComtradeCFGFields::TriggerTime);
-    PreciseDateTime trigger = readTimeStamp(parser);
+    PreciseDateTime trigger = readTimeStamp(parser.stringParser());
 
     parser.readLine(ComtradeCFGFields::FileType);
     m_oscillogram->setDataFormat(ComtradeDataFormat(parser.getString()));
@@ -205,7 +205,7 @@ void ComtradeLoader::readSampleRate(CsvParser& parser)
     m_oscillogram->setIsEventTriggeredOsc(rates == 0 && rate == 0.0);
 }
 
-PreciseDateTime ComtradeLoader::readTimeStamp(CsvParser& parser)
+PreciseDateTime ComtradeLoader::readTimeStamp(CsvStringParser& parser)
 {
     // dd/mm/yyyy,hh:mm:ss.ffffff in every year; the fraction goes in as microseconds as written.
     CsvStringParser date = parser.getParser(QStringLiteral("/"));

@@ -17,22 +17,6 @@ template<typename Numbers> QList<unsigned short> toList(const Numbers& numbers)
 // Equipment of this type is a line; other types are counted but make no line.
 constexpr unsigned short lineEquipmentType = 0;
 
-// dd/mm/yyyy,hh:mm:ss.uuuuuu, split as the time lines of the .cfg are.
-PreciseDateTime parseBeginTime(const QString& text)
-{
-    CsvStringParser line(text, QStringLiteral(","), 0);
-    CsvStringParser date = line.getParser(QStringLiteral("/"));
-    CsvStringParser time = line.getParser(QStringLiteral("."));
-    CsvStringParser clock = time.getParser(QStringLiteral(":"));
-    const long long fraction = time.getInt();
-    const int day = int(date.getInt());
-    const int month = int(date.getInt());
-    const int year = int(date.getInt());
-    const int hours = int(clock.getInt());
-    const int minutes = int(clock.getInt());
-    const int seconds = int(clock.getInt());
-    return PreciseDateTime(year, month, day, hours, minutes, seconds, fraction, 0);
-}
 } // namespace
 
 void ComtradeLoader::readHeaderFile(const QString& path)
@@ -168,7 +152,9 @@ void ComtradeLoader::readMergedWaves(const QString& path)
     QList<MergedWave> merged;
     for (const ComtradeMergedWaveInfo& info : waves) {
         MergedWave wave;
-        wave.beginTime = parseBeginTime(QString::fromStdString(info.beginTime));
+        // The begin time is written as the time lines of the .cfg are.
+        CsvStringParser line(QString::fromStdString(info.beginTime), QStringLiteral(","), 0);
+        wave.beginTime = readTimeStamp(line);
         wave.sampleOffset = info.blockNum;
         wave.analogNumbers = QVector<unsigned short>(info.analogNumbers.begin(), info.analogNumbers.end());
         wave.digitalNumbers = QVector<unsigned short>(info.digitalNumbers.begin(), info.digitalNumbers.end());

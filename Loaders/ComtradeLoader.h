@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 
 class CsvParser;
+class CsvStringParser;
 class QTextCodec;
 
 // Reads a COMTRADE set (.cfg, .dat, and the optional .hdr and .inf), loose or in a .zip, into a
@@ -36,7 +37,8 @@ private:
     QList<QSharedPointer<ComtradeDigitalChannel>> readDigitalChannels(
         CsvParser& parser, int analogs, int total);
     void readSampleRate(CsvParser& parser);
-    PreciseDateTime readTimeStamp(CsvParser& parser);
+    // dd/mm/yyyy,hh:mm:ss.ffffff from the next two tokens; the fraction goes in as written.
+    static PreciseDateTime readTimeStamp(CsvStringParser& line);
     int parseTimeCode(const QString& text);
 
     void readDataFile(const QString& path);
