@@ -1,3 +1,20 @@
 # Sources of CalcLib/, relative to the project root. Standard C++ only.
 set(KORVANE_CALCLIB_SOURCES
+    CalcLib/CPhasor.cpp
+    CalcLib/CalcEngine.cpp
+    CalcLib/CalcInput.cpp
+    CalcLib/ConsoleText.cpp
+    CalcLib/DescriptionFile.cpp
+    CalcLib/DevConfig.cpp
+    CalcLib/DeviceDescription.cpp
+    CalcLib/FrequencyEstimate.cpp
+    CalcLib/HarmonicFit.cpp
+    CalcLib/OrdaCalculator.cpp
+    CalcLib/PhasorFilterBank.cpp
+    CalcLib/SignalScan.cpp
+    CalcLib/Spectrum.cpp
+    CalcLib/TCalc.cpp
+    CalcLib/TalviCalculator.cpp
+    CalcLib/ToneAnalysis.cpp
+    CalcLib/VeltCalculator.cpp
 )
