@@ -10,8 +10,8 @@ namespace SignalMaker {
 constexpr double kPi = 3.14159265358979323846;
 
 // dc + amplitude * cos(2 pi f i / rate + phase) for i = 0 .. count - 1.
-inline std::vector<double> cosine(int count, double rate, double frequency, double amplitude, double phase,
-                                  double dc = 0.0)
+inline std::vector<double> cosine(
+    int count, double rate, double frequency, double amplitude, double phase, double dc = 0.0)
 {
     std::vector<double> x(static_cast<size_t>(count));
     for (int i = 0; i < count; ++i)
@@ -45,10 +45,7 @@ inline double angleDifference(double a, double b)
 class CoutCapture
 {
 public:
-    CoutCapture()
-        : m_old(std::cout.rdbuf(m_text.rdbuf()))
-    {
-    }
+    CoutCapture() : m_old(std::cout.rdbuf(m_text.rdbuf())) { }
     ~CoutCapture() { std::cout.rdbuf(m_old); }
     std::string text() const { return m_text.str(); }
 

@@ -23,7 +23,7 @@ Tone tone(const std::vector<double>& x, double normFrequency, double multiplier 
 {
     Tone t;
     const int result = analyzeTone(x.data(), static_cast<int>(x.size()), normFrequency, multiplier, adder,
-                                   t.amplitude, t.phase, t.rms, t.mean, t.nonSinus);
+        t.amplitude, t.phase, t.rms, t.mean, t.nonSinus);
     if (result != 0)
         qFatal("analyzeTone must always answer 0");
     return t;
@@ -43,7 +43,7 @@ Estimate estimate(const std::vector<double>& x, double rate, int levels = 4, dou
     Estimate e;
     e.frequency = startFrequency;
     e.result = estimateFrequency(x.data(), static_cast<int>(x.size()), levels, e.frequency, rate, 40.0, 70.0,
-                                 e.meanAbs, e.ratio, &e.peakToPeak);
+        e.meanAbs, e.ratio, &e.peakToPeak);
     return e;
 }
 
@@ -108,7 +108,8 @@ void TestCalcRoutines::estimateFrequency_sine()
     QFETCH(double, tolerance);
     const Estimate e = estimate(sine(count, rate, frequency, 1000.0, 200.0), rate);
     QCOMPARE(e.result, 1);
-    QVERIFY2(std::fabs(e.frequency - frequency) < tolerance, qPrintable(QString::number(e.frequency, 'g', 12)));
+    QVERIFY2(
+        std::fabs(e.frequency - frequency) < tolerance, qPrintable(QString::number(e.frequency, 'g', 12)));
     QVERIFY(std::fabs(e.peakToPeak - 2000.0) < 50.0);
     QVERIFY(e.ratio > 0.0 && e.ratio <= 1.0);
 }
@@ -180,7 +181,8 @@ void TestCalcRoutines::analyzeTone_wholePeriods_data()
     QTest::addColumn<double>("dc");
     QTest::newRow("50 Hz at 1000 Hz, 40 ms, cosine") << 1000.0 << 40 << 50.0 << 100.0 << 0.0 << 0.0;
     QTest::newRow("50 Hz at 1000 Hz, 40 ms, sine") << 1000.0 << 40 << 50.0 << 100.0 << -kPi / 2 << 0.0;
-    QTest::newRow("50 Hz at 1000 Hz, 40 ms, phase 2 rad, DC 30") << 1000.0 << 40 << 50.0 << 7.0 << 2.0 << 30.0;
+    QTest::newRow("50 Hz at 1000 Hz, 40 ms, phase 2 rad, DC 30")
+        << 1000.0 << 40 << 50.0 << 7.0 << 2.0 << 30.0;
     QTest::newRow("62.5 Hz at 1000 Hz, 32 ms, phase -3 rad") << 1000.0 << 40 << 62.5 << 1.0 << -3.0 << -0.5;
     QTest::newRow("50 Hz at 10000 Hz, 80 ms") << 10000.0 << 800 << 50.0 << 5000.0 << 1.0 << 100.0;
 }
@@ -221,7 +223,8 @@ void TestCalcRoutines::analyzeTone_fractionalPeriod()
     const double amplitude = 100.0;
     const double phase = 0.7;
     const Tone t = tone(cosine(count, 1000.0, 47.3, amplitude, phase), 0.0473);
-    QVERIFY2(std::fabs(t.amplitude - amplitude) < tolerance * amplitude, qPrintable(QString::number(t.amplitude)));
+    QVERIFY2(
+        std::fabs(t.amplitude - amplitude) < tolerance * amplitude, qPrintable(QString::number(t.amplitude)));
     QVERIFY(std::fabs(t.phase - phase) < 2 * tolerance);
     QVERIFY(std::fabs(t.mean) < 2 * tolerance * amplitude);
 }
@@ -331,7 +334,8 @@ void TestCalcRoutines::wrapDegrees_boundaries()
 {
     QFETCH(double, value);
     QFETCH(double, expected);
-    QVERIFY2(std::fabs(wrapDegrees(value) - expected) < 1e-12, qPrintable(QString::number(wrapDegrees(value))));
+    QVERIFY2(
+        std::fabs(wrapDegrees(value) - expected) < 1e-12, qPrintable(QString::number(wrapDegrees(value))));
 }
 
 void TestCalcRoutines::badWindows_data()
@@ -363,20 +367,21 @@ void TestCalcRoutines::badWindows()
     int maxHarmonic = 0;
     std::vector<double> amplitudes, phases;
     double kni = 0;
-    const int spectrum = measureSpectrum(window.data(), count, 1000.0, 1, 1.0, 0.0, 52.7, maxHarmonic, amplitudes,
-                                         phases, kni);
+    const int spectrum = measureSpectrum(
+        window.data(), count, 1000.0, 1, 1.0, 0.0, 52.7, maxHarmonic, amplitudes, phases, kni);
     QVERIFY(spectrum == 0 || spectrum == -1);
-    QCOMPARE(measureSpectrum(window.data(), count, 1000.0, 1, 1.0, 0.0, kNaN, maxHarmonic, amplitudes, phases, kni),
-             -1);
-    QCOMPARE(measureSpectrum(window.data(), count, 1000.0, 1, 1.0, 0.0, kInf, maxHarmonic, amplitudes, phases, kni),
-             -1);
+    QCOMPARE(measureSpectrum(
+                 window.data(), count, 1000.0, 1, 1.0, 0.0, kNaN, maxHarmonic, amplitudes, phases, kni),
+        -1);
+    QCOMPARE(measureSpectrum(
+                 window.data(), count, 1000.0, 1, 1.0, 0.0, kInf, maxHarmonic, amplitudes, phases, kni),
+        -1);
     // A window no frequency fits: nothing to analyse, and no sample beyond the window is read.
     QCOMPARE(analyzeTone(window.data(), count, kNaN, 1.0, 0.0, a, p, r, m, n), 0);
     QCOMPARE(a, 0.0);
     QCOMPARE(analyzeTone(window.data(), count, 0.0, 1.0, 0.0, a, p, r, m, n), 0);
     QCOMPARE(a, 0.0);
 }
-
 
 QTEST_GUILESS_MAIN(TestCalcRoutines)
 #include "tst_calcroutines.moc"

@@ -78,8 +78,8 @@ struct Harmonic
     double phase; // radians, of a cosine at the first sample
 };
 
-std::vector<double> harmonicSignal(int count, double rate, double fundamental, double dc,
-                                   const std::vector<Harmonic>& harmonics)
+std::vector<double> harmonicSignal(
+    int count, double rate, double fundamental, double dc, const std::vector<Harmonic>& harmonics)
 {
     std::vector<double> x(static_cast<size_t>(count), dc);
     for (const auto& h : harmonics) {
@@ -99,12 +99,12 @@ struct Spectrum
     double kni = -1.0;
 };
 
-Spectrum spectrum(const std::vector<double>& x, double rate, int periods, double frequency, double multiplier = 1.0,
-                  double adder = 0.0)
+Spectrum spectrum(const std::vector<double>& x, double rate, int periods, double frequency,
+    double multiplier = 1.0, double adder = 0.0)
 {
     Spectrum s;
-    s.status = measureSpectrum(x.data(), static_cast<int>(x.size()), rate, periods, multiplier, adder, frequency,
-                               s.maxHarmonic, s.amplitudes, s.phases, s.kni);
+    s.status = measureSpectrum(x.data(), static_cast<int>(x.size()), rate, periods, multiplier, adder,
+        frequency, s.maxHarmonic, s.amplitudes, s.phases, s.kni);
     return s;
 }
 } // namespace
@@ -161,7 +161,8 @@ void TestHarmonicFit::solveToeplitz_matchesDenseSolve()
     for (const auto& v : expected)
         scale = std::max(scale, std::abs(v));
     for (int i = 0; i < order; ++i)
-        QVERIFY2(std::abs(Complex(re[i], im[i]) - expected[i]) < 1e-9 * scale, qPrintable(QString::number(i)));
+        QVERIFY2(
+            std::abs(Complex(re[i], im[i]) - expected[i]) < 1e-9 * scale, qPrintable(QString::number(i)));
 }
 
 void TestHarmonicFit::solveToeplitz_failures()
@@ -242,9 +243,11 @@ void TestHarmonicFit::measureSpectrum_recoversHarmonics()
     QCOMPARE(s.phases[0], 0.0);
     double squares = 0.0;
     for (const auto& h : harmonics) {
-        QVERIFY2(std::fabs(s.amplitudes[h.number] - h.amplitude) < 1e-7, qPrintable(QString::number(h.number)));
+        QVERIFY2(
+            std::fabs(s.amplitudes[h.number] - h.amplitude) < 1e-7, qPrintable(QString::number(h.number)));
         // Degrees by the short factor 57.29578.
-        QVERIFY2(std::fabs(s.phases[h.number] - h.phase * 57.29578) < 1e-6, qPrintable(QString::number(h.number)));
+        QVERIFY2(
+            std::fabs(s.phases[h.number] - h.phase * 57.29578) < 1e-6, qPrintable(QString::number(h.number)));
         if (h.number >= 2)
             squares += h.amplitude * h.amplitude;
     }
@@ -256,7 +259,8 @@ void TestHarmonicFit::measureSpectrum_recoversHarmonics()
 void TestHarmonicFit::measureSpectrum_scaling()
 {
     // Physical = raw * 2 + 10, the adder given as 10 / 2.
-    const std::vector<double> raw = harmonicSignal(210, 5000.0, 49.3, 0.0, { { 1, 50.0, 1.0 }, { 2, 5.0, 0.0 } });
+    const std::vector<double> raw
+        = harmonicSignal(210, 5000.0, 49.3, 0.0, { { 1, 50.0, 1.0 }, { 2, 5.0, 0.0 } });
     const Spectrum s = spectrum(raw, 5000.0, 2, 49.3, 2.0, 5.0);
     QCOMPARE(s.status, 0);
     QVERIFY(std::fabs(s.amplitudes[0] - 10.0) < 1e-7);
