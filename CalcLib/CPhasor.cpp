@@ -55,9 +55,10 @@ double addedPhaseRadians(double degrees)
         return 0.0;
     if (std::fabs(degrees) > 1000.0)
         degrees = std::fmod(degrees, 360.0);
-    if (degrees > 180.0)
+    // At most 1000 degrees are left: a few turns.
+    while (degrees > 180.0)
         degrees -= 360.0;
-    else if (degrees <= -180.0)
+    while (degrees <= -180.0)
         degrees += 360.0;
     return degrees * kPi / 180.0;
 }
