@@ -1,5 +1,5 @@
 # The fuzz targets: each has fuzz/<name>.cpp and a seed corpus in fuzz/corpus/<name>/.
 set(KORVANE_FUZZERS
-    fuzz_descriptionfile
-    fuzz_calcwindow
+    descriptionfile
+    calcwindow
 )

@@ -1,3 +1,3 @@
 # korvane_add_fuzzer(<name> LIBS <fuzz_calclib | fuzz_core>) for each name in fuzzers.cmake.
-korvane_add_fuzzer(fuzz_descriptionfile LIBS fuzz_calclib)
-korvane_add_fuzzer(fuzz_calcwindow LIBS fuzz_calclib)
+korvane_add_fuzzer(descriptionfile LIBS fuzz_calclib)
+korvane_add_fuzzer(calcwindow LIBS fuzz_calclib)
