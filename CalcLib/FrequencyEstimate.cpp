@@ -1,5 +1,7 @@
 #include "CalcLib/CalcRoutines.h"
 
+#include <algorithm>
+
 namespace {
 // Crossings of one direction at one level: the first one only marks a start, each later one
 // closes an interval with the last accepted crossing.
@@ -37,17 +39,33 @@ void addCrossing(CrossingTrack& track, double position, IntervalStats& stats)
     }
 }
 
-void scanLevel(const double* x, int count, double level, IntervalStats& stats)
+// Levels are scanned together in one pass over the samples, a few at a time. Each level keeps
+// its own crossings in their order; a pair of samples that lies wholly above or below all the
+// levels, as most do, is passed over at the cost of two comparisons.
+constexpr int kLevelBatch = 16;
+
+void scanLevels(const double* x, int count, const double* levels, int levelCount, IntervalStats& stats)
 {
-    CrossingTrack up;
-    CrossingTrack down;
+    CrossingTrack up[kLevelBatch];
+    CrossingTrack down[kLevelBatch];
+    double lowest = levels[0];
+    double highest = levels[0];
+    for (int j = 1; j < levelCount; ++j) {
+        lowest = std::min(lowest, levels[j]);
+        highest = std::max(highest, levels[j]);
+    }
     for (int i = 0; i + 1 < count; ++i) {
         const double a = x[i];
         const double b = x[i + 1];
-        if (a < level && b >= level)
-            addCrossing(up, i + (level - a) / (b - a), stats);
-        else if (a > level && b <= level)
-            addCrossing(down, i + (level - a) / (b - a), stats);
+        if ((a < lowest && b < lowest) || (a > highest && b > highest))
+            continue;
+        for (int j = 0; j < levelCount; ++j) {
+            const double level = levels[j];
+            if (a < level && b >= level)
+                addCrossing(up[j], i + (level - a) / (b - a), stats);
+            else if (a > level && b <= level)
+                addCrossing(down[j], i + (level - a) / (b - a), stats);
+        }
     }
 }
 } // namespace
@@ -79,13 +97,15 @@ int estimateFrequency(const double* samples, int count, int levels, double& freq
     IntervalStats stats;
     stats.shortest = sampleRate / maxFrequency;
     stats.longest = sampleRate / minFrequency;
-    if (levels > 1) {
-        const double band = (maximum - minimum) * 0.05;
-        const double levelStep = 2.0 * band / (levels - 1);
-        for (int j = 0; j < levels; ++j)
-            scanLevel(samples, count, middle - band + j * levelStep, stats);
-    } else {
-        scanLevel(samples, count, middle, stats);
+    const int levelCount = levels > 1 ? levels : 1;
+    const double band = (maximum - minimum) * 0.05;
+    const double levelStep = levels > 1 ? 2.0 * band / (levels - 1) : 0.0;
+    for (int first = 0; first < levelCount; first += kLevelBatch) {
+        double batch[kLevelBatch];
+        const int batchSize = std::min(kLevelBatch, levelCount - first);
+        for (int j = 0; j < batchSize; ++j)
+            batch[j] = levels > 1 ? middle - band + (first + j) * levelStep : middle;
+        scanLevels(samples, count, batch, batchSize, stats);
     }
     if (stats.accepted == 0)
         return 0;

@@ -13,38 +13,93 @@ struct ToneSums
     double square = 0.0;
 };
 
-// Correlates n whole samples with the tone and adds sample n with the weight fraction. Cosine
-// and sine of i w come from the two-term recurrence, started from the exact values of w.
+// Cosine and sine of i w for i = -4 .. 3 by the two-term recurrence from the exact cos w and
+// sin w, to start four interleaved recurrences of step 4w. Four chains instead of one keep the
+// processor from waiting on each product in turn; the values agree with one chain to rounding.
+struct Recurrence
+{
+    explicit Recurrence(double w)
+    {
+        double c[9];
+        double s[9];
+        c[4] = 1.0;
+        s[4] = 0.0;
+        c[5] = std::cos(w);
+        s[5] = std::sin(w);
+        c[3] = c[5];
+        s[3] = -s[5];
+        const double twoCosW = 2.0 * c[5];
+        for (int k = 6; k <= 8; ++k) {
+            c[k] = twoCosW * c[k - 1] - c[k - 2];
+            s[k] = twoCosW * s[k - 1] - s[k - 2];
+        }
+        for (int k = 0; k < 3; ++k) {
+            c[k] = c[8 - k];
+            s[k] = -s[8 - k];
+        }
+        for (int k = 0; k < 4; ++k) {
+            cosNow[k] = c[4 + k];
+            sinNow[k] = s[4 + k];
+            cosBefore[k] = c[k];
+            sinBefore[k] = s[k];
+        }
+        // cos 4w by one more step of the recurrence.
+        twoCos4W = 2.0 * (twoCosW * c[7] - c[6]);
+    }
+    void advance()
+    {
+        for (int k = 0; k < 4; ++k) {
+            const double c = twoCos4W * cosNow[k] - cosBefore[k];
+            const double s = twoCos4W * sinNow[k] - sinBefore[k];
+            cosBefore[k] = cosNow[k];
+            sinBefore[k] = sinNow[k];
+            cosNow[k] = c;
+            sinNow[k] = s;
+        }
+    }
+    double cosNow[4];
+    double sinNow[4];
+    double cosBefore[4];
+    double sinBefore[4];
+    double twoCos4W = 0.0;
+};
+
+// Correlates n whole samples with the tone and adds sample n with the weight fraction.
 ToneSums correlate(
     const double* x, int count, int n, double fraction, double w, double multiplier, double adder)
 {
     ToneSums sums;
-    const double cosW = std::cos(w);
-    const double sinW = std::sin(w);
-    const double twoCosW = 2.0 * cosW;
-    double cPrev = cosW; // cos(-w)
-    double sPrev = -sinW; // sin(-w)
-    double c = 1.0;
-    double s = 0.0;
-    for (int i = 0; i < n; ++i) {
-        const double y = (x[i] + adder) * multiplier;
-        sums.sum += y;
-        sums.re += y * c;
-        sums.im -= y * s;
-        sums.square += y * y;
-        const double cNext = twoCosW * c - cPrev;
-        const double sNext = twoCosW * s - sPrev;
-        cPrev = c;
-        sPrev = s;
-        c = cNext;
-        s = sNext;
+    Recurrence turn(w);
+    double sum[4] = {}, re[4] = {}, im[4] = {}, square[4] = {};
+    int i = 0;
+    for (; i + 4 <= n; i += 4) {
+        for (int k = 0; k < 4; ++k) {
+            const double y = (x[i + k] + adder) * multiplier;
+            sum[k] += y;
+            re[k] += y * turn.cosNow[k];
+            im[k] -= y * turn.sinNow[k];
+            square[k] += y * y;
+        }
+        turn.advance();
     }
+    const int rest = n - i;
+    for (int k = 0; k < rest; ++k) {
+        const double y = (x[i + k] + adder) * multiplier;
+        sum[k] += y;
+        re[k] += y * turn.cosNow[k];
+        im[k] -= y * turn.sinNow[k];
+        square[k] += y * y;
+    }
+    sums.sum = (sum[0] + sum[1]) + (sum[2] + sum[3]);
+    sums.re = (re[0] + re[1]) + (re[2] + re[3]);
+    sums.im = (im[0] + im[1]) + (im[2] + im[3]);
+    sums.square = (square[0] + square[1]) + (square[2] + square[3]);
     // The fractional last sample; when it lies beyond the window it can only matter with a
     // weight that rounding left over, and it reads as 0.
     if (fraction != 0.0 && n < count) {
         const double y = (x[n] + adder) * multiplier;
-        sums.re += c * y * fraction;
-        sums.im -= s * y * fraction;
+        sums.re += turn.cosNow[rest] * y * fraction;
+        sums.im -= turn.sinNow[rest] * y * fraction;
         sums.sum += fraction * y;
         sums.square += y * y * fraction;
     }
