@@ -1,5 +1,7 @@
 # Sources of CalcLib/, relative to the project root. Standard C++ only.
 set(KORVANE_CALCLIB_SOURCES
+    CalcLib/CalcEngine.cpp
+    CalcLib/CalcInput.cpp
     CalcLib/Comtrade.cpp
     CalcLib/ComtradeCfg.cpp
     CalcLib/ComtradeDat.cpp
@@ -9,5 +11,20 @@ set(KORVANE_CALCLIB_SOURCES
     CalcLib/ComtradeInf.cpp
     CalcLib/ComtradeTables.cpp
     CalcLib/ComtradeText.cpp
+    CalcLib/ConsoleText.cpp
+    CalcLib/CPhasor.cpp
+    CalcLib/DescriptionFile.cpp
+    CalcLib/DevConfig.cpp
+    CalcLib/DeviceDescription.cpp
+    CalcLib/FrequencyEstimate.cpp
+    CalcLib/HarmonicFit.cpp
     CalcLib/IniFile.cpp
+    CalcLib/OrdaCalculator.cpp
+    CalcLib/PhasorFilterBank.cpp
+    CalcLib/SignalScan.cpp
+    CalcLib/Spectrum.cpp
+    CalcLib/TalviCalculator.cpp
+    CalcLib/TCalc.cpp
+    CalcLib/ToneAnalysis.cpp
+    CalcLib/VeltCalculator.cpp
 )

@@ -2,4 +2,6 @@
 set(KORVANE_FUZZERS
     csv_parser
     comtrade_readers
+    descriptionfile
+    calcwindow
 )
