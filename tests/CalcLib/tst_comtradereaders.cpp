@@ -152,6 +152,9 @@ private slots:
         writer.setStationName("ПС");
         writer.setDeviceName("Рег");
         writer.setRevisionYear(1999);
+        writer.setSampleRate(4800.0f);
+        writer.setFormat(1);
+        writer.setTimeCode(2, 15);
         ComtradeAnalogInfo analog;
         analog.name = "Ua,1";
         analog.unit = "kV";
@@ -171,6 +174,11 @@ private slots:
         QCOMPARE(reader.stationName(), std::string("ПС"));
         QCOMPARE(reader.deviceName(), std::string("Рег"));
         QCOMPARE(reader.revisionYear(), 1999);
+        // Rates, format and codes are the loader's to read: the object keeps its own.
+        QCOMPARE(reader.sampleRate(), 4000.0f);
+        QCOMPARE(reader.dataFormat(), 3);
+        QCOMPARE(reader.timeCode(), std::string("0"));
+        QCOMPARE(reader.timeOffsetUs(), int64_t(0));
         QCOMPARE(analogs.size(), size_t(2));
         const ComtradeAnalogInfo& back = at(analogs, 1);
         QCOMPARE(back.name, std::string("Ua.1"));
