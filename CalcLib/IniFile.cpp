@@ -225,6 +225,11 @@ bool IniFile::load(const std::string& path)
             piece.pop_back();
         parseLine(piece, current, ignoring);
     }
+    // A folder opens but can't be read.
+    if (std::ferror(file.get())) {
+        clear();
+        return false;
+    }
     return true;
 }
 

@@ -528,6 +528,23 @@ private slots:
         QCOMPARE(analogs.size(), size_t(3));
     }
 
+    void folderIsNoFile()
+    {
+        const std::string folder = m_dir.path().toStdString();
+        COMTRADE c;
+        ComtradeAnalogList analogs(2);
+        ComtradeDigitalList digitals;
+        ComtradeFaultList faults;
+        RasDescription ras;
+        ComtradeMergedWaveList waves;
+        CerrCapture capture;
+        QCOMPARE(c.readCfg(analogs, digitals, folder), -1);
+        QCOMPARE(capture.text(), std::string("Error open CFG file for read\n"));
+        QCOMPARE(analogs.size(), size_t(2));
+        QCOMPARE(c.readInf(analogs, digitals, faults, ras, folder, nullptr), -1);
+        QCOMPARE(c.readMergedWaves(waves, folder), -1);
+    }
+
     void infMissingFile()
     {
         COMTRADE c;
