@@ -5,6 +5,7 @@
 #include "CalcLib/ComtradeText.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <iostream>
 
 using ComtradeText::general;
@@ -132,6 +133,11 @@ int COMTRADE::readCfg(ComtradeAnalogList& analogs, ComtradeDigitalList& digitals
     ComtradeFiles::LineReader reader(file.get());
     std::string line;
     reader.next(line);
+    // A folder opens but can't be read.
+    if (std::ferror(file.get())) {
+        std::cerr << "Error open CFG file for read\n";
+        return -1;
+    }
     const ComtradeFiles::Fields first(line);
     m_stationName = first[0];
     m_deviceName = first[1];

@@ -143,6 +143,7 @@ void writeEquipment(IniFile& ini, const std::string& section, const RasEquipment
         .put("Z_1", ComtradeText::fixedTwo(e.z1));
 }
 
+// The channel number goes out as stored, not 1-based like the equipment lists.
 void writeStatusChannel(IniFile& ini, const std::string& section, const RasStatusChannel& s)
 {
     SectionWriter(ini, section)
@@ -238,6 +239,8 @@ private:
     std::string m_section;
 };
 
+// The type is read as a number, as other writers store it; the name this class writes reads
+// as 0. Channel numbers come back 0-based.
 RasEquipment readEquipment(const SectionReader& r)
 {
     RasEquipment e;
@@ -259,6 +262,8 @@ RasEquipment readEquipment(const SectionReader& r)
     return e;
 }
 
+// The group is read as a number like the equipment type; the channel number is taken as stored,
+// since it is written unshifted too.
 RasStatusChannel readStatusChannel(const SectionReader& r)
 {
     RasStatusChannel s;

@@ -1,8 +1,9 @@
 #include "CalcLib/IniFile.h"
 
+#include "CalcLib/ComtradeFiles.h"
+
 #include <cstdio>
 #include <cstring>
-#include <memory>
 
 namespace {
 constexpr int lineBufferSize = 4096;
@@ -32,12 +33,6 @@ std::string trimmed(const std::string& text)
         --end;
     return text.substr(begin, end - begin);
 }
-
-struct FileCloser
-{
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using FilePtr = std::unique_ptr<std::FILE, FileCloser>;
 
 // Writes a line as a text-mode stream of the format's home system does: each LF becomes CR LF.
 void putTextLine(std::string& out, const std::string& line)
@@ -218,7 +213,7 @@ void IniFile::parseLine(const std::string& rawLine, Section*& current, bool& ign
 bool IniFile::load(const std::string& path)
 {
     clear();
-    FilePtr file(std::fopen(path.c_str(), "rt"));
+    ComtradeFiles::File file = ComtradeFiles::open(path, "rt");
     if (!file)
         return false;
     char buffer[lineBufferSize];
@@ -229,6 +224,11 @@ bool IniFile::load(const std::string& path)
         if (!piece.empty() && piece.back() == '\n')
             piece.pop_back();
         parseLine(piece, current, ignoring);
+    }
+    // A folder opens but can't be read.
+    if (std::ferror(file.get())) {
+        clear();
+        return false;
     }
     return true;
 }
@@ -255,9 +255,6 @@ bool IniFile::save(const std::string& path) const
         }
         putTextLine(text, std::string());
     }
-    FilePtr file(std::fopen(path.c_str(), "wt"));
-    if (!file)
-        return false;
-    const bool written = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
-    return std::fclose(file.release()) == 0 && written;
+    ComtradeFiles::File file = ComtradeFiles::open(path, "wt");
+    return file && ComtradeFiles::writeAndClose(std::move(file), text);
 }

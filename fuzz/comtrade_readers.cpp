@@ -9,26 +9,36 @@
 #include <unistd.h>
 
 namespace {
-std::string scratchPath()
+// A file of its own for each run of the fuzzer, removed when the process ends.
+class ScratchFile
 {
-    char name[] = "/tmp/korvane_fuzz_comtrade_XXXXXX";
-    const int fd = mkstemp(name);
-    if (fd < 0)
-        std::abort();
-    close(fd);
-    return name;
-}
+public:
+    ScratchFile()
+    {
+        char name[] = "/tmp/korvane_fuzz_comtrade_XXXXXX";
+        const int fd = mkstemp(name);
+        if (fd < 0)
+            std::abort();
+        close(fd);
+        m_path = name;
+    }
+    ~ScratchFile() { std::remove(m_path.c_str()); }
+    const std::string& path() const { return m_path; }
+
+private:
+    std::string m_path;
+};
 
 const std::string& inputPath()
 {
-    static const std::string path = scratchPath();
-    return path;
+    static const ScratchFile file;
+    return file.path();
 }
 
 const std::string& savedPath()
 {
-    static const std::string path = scratchPath();
-    return path;
+    static const ScratchFile file;
+    return file.path();
 }
 
 void writeInput(const uint8_t* data, size_t size)

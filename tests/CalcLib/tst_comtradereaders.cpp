@@ -152,6 +152,9 @@ private slots:
         writer.setStationName("ПС");
         writer.setDeviceName("Рег");
         writer.setRevisionYear(1999);
+        writer.setSampleRate(4800.0f);
+        writer.setFormat(1);
+        writer.setTimeCode(2, 15);
         ComtradeAnalogInfo analog;
         analog.name = "Ua,1";
         analog.unit = "kV";
@@ -171,6 +174,11 @@ private slots:
         QCOMPARE(reader.stationName(), std::string("ПС"));
         QCOMPARE(reader.deviceName(), std::string("Рег"));
         QCOMPARE(reader.revisionYear(), 1999);
+        // Rates, format and codes are the loader's to read: the object keeps its own.
+        QCOMPARE(reader.sampleRate(), 4000.0f);
+        QCOMPARE(reader.dataFormat(), 3);
+        QCOMPARE(reader.timeCode(), std::string("0"));
+        QCOMPARE(reader.timeOffsetUs(), int64_t(0));
         QCOMPARE(analogs.size(), size_t(2));
         const ComtradeAnalogInfo& back = at(analogs, 1);
         QCOMPARE(back.name, std::string("Ua.1"));
@@ -518,6 +526,23 @@ private slots:
         ComtradeMergedWaveList waves;
         QCOMPARE(c.readMergedWaves(waves, file), 0);
         QCOMPARE(analogs.size(), size_t(3));
+    }
+
+    void folderIsNoFile()
+    {
+        const std::string folder = m_dir.path().toStdString();
+        COMTRADE c;
+        ComtradeAnalogList analogs(2);
+        ComtradeDigitalList digitals;
+        ComtradeFaultList faults;
+        RasDescription ras;
+        ComtradeMergedWaveList waves;
+        CerrCapture capture;
+        QCOMPARE(c.readCfg(analogs, digitals, folder), -1);
+        QCOMPARE(capture.text(), std::string("Error open CFG file for read\n"));
+        QCOMPARE(analogs.size(), size_t(2));
+        QCOMPARE(c.readInf(analogs, digitals, faults, ras, folder, nullptr), -1);
+        QCOMPARE(c.readMergedWaves(waves, folder), -1);
     }
 
     void infMissingFile()

@@ -299,6 +299,29 @@ private slots:
         QCOMPARE(file("b.dat"), expected);
     }
 
+    void binaryDatInTwoCallsIsContinuous()
+    {
+        COMTRADE c;
+        c.setSampleRate(4800.0f);
+        ComtradeDataBuffer buffer;
+        QCOMPARE(buffer.init(1, 2, 1, 1, 2), 0);
+        QByteArray expected;
+        for (uint32_t s = 0; s < 4; ++s) {
+            putLe32(expected, s + 1);
+            putLe32(expected, s * 208);
+            putLe32(expected, uint32_t(-int32_t(s)));
+            putLe16(expected, uint16_t(s % 2));
+        }
+        for (uint32_t call = 0; call < 2; ++call) {
+            for (uint32_t s = 0; s < 2; ++s) {
+                buffer.sample(0, s).setAnalogFromInt(0, -int32_t(call * 2 + s));
+                buffer.sample(0, s).setDigital(0, uint8_t(s));
+            }
+            QCOMPARE(c.writeDat(buffer, path("two.dat"), call * 2), 0);
+        }
+        QCOMPARE(file("two.dat"), expected);
+    }
+
     void seventeenDigitalsTakeTwoWords()
     {
         COMTRADE c;
