@@ -32,6 +32,8 @@ public:
     void hideCalcFields();
 
     void loadSettings();
+    // Ticks the parameter boxes from the settings and refills the compact-mode choice.
+    void initSelectedParameters();
     // Six flags in the order of KorvaneSettings::Parameter, from the check boxes.
     QVector<bool> selectedParameters() const;
     void saveSettings();
@@ -44,7 +46,6 @@ private:
     QWidget* buildMainPage();
     QGroupBox* buildTimeDisplayGroup();
     QGroupBox* buildParametersGroup();
-    void initSelectedParameters();
     void loadColorStyle();
     int chosenColorStyle() const;
     void loadTimeDisplay();
