@@ -1,3 +1,7 @@
 # Sources of Settings/, relative to the project root.
 set(KORVANE_SETTINGS_SOURCES
+    Settings/KorvaneSettings.cpp
+    Settings/KorvaneSettingsWidget.cpp
+    Settings/SettingsDialog.cpp
+    Settings/SettingsProvider.cpp
 )

@@ -1,3 +1,4 @@
 # Sources of Views/, relative to the project root.
 set(KORVANE_VIEWS_SOURCES
+    Views/Painters/ColorStyle.cpp
 )
