@@ -7,7 +7,7 @@ class KORVANE_EXPORT AnalogChannel : public Channel
 {
 public:
     // 0: the samples are primary values, 1: secondary.
-    enum PrimaryOrSecondary { Primary = 0, Secondary = 1 };
+    enum PrimaryOrSecondary : int { Primary = 0, Secondary = 1 };
 
     AnalogChannel() = default;
     AnalogChannel(const AnalogChannel& other) = default;
