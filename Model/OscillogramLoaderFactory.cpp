@@ -1,10 +1,10 @@
 #include "OscillogramLoaderFactory.h"
 
+#include "Loaders/ClcLoader.h"
+#include "Loaders/Wv2Loader.h"
 #include "Model/OscillogramLoader.h"
 
 #include <QFileInfo>
-
-#include <array>
 
 namespace {
 struct LoaderRow
@@ -15,8 +15,16 @@ struct LoaderRow
     bool (*accepts)(const QString& filename);
 };
 
+template<typename Loader> OscillogramLoader* createLoader(const QString& filename)
+{
+    return new Loader(filename, nullptr);
+}
+
 // One row per format the library reads, in the order of the suffix list.
-const std::array<LoaderRow, 0> loaderRows = {};
+const LoaderRow loaderRows[] = {
+    { "wv2", &createLoader<Wv2Loader>, nullptr },
+    { "clc", &createLoader<ClcLoader>, nullptr },
+};
 
 const LoaderRow* rowFor(const QString& filename)
 {

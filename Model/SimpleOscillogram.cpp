@@ -1,5 +1,6 @@
 #include "SimpleOscillogram.h"
 
+#include "Model/NumericCast.h"
 #include "Model/OscillogramData.h"
 
 #include <QtGlobal>
@@ -15,12 +16,14 @@ QSharedPointer<Channel> SimpleOscillogram::channel(int index) const
 
 PreciseDateTime SimpleOscillogram::beginTime() const
 {
-    return triggerTime().addUSec(qRound(-countOfPreFailureSamples() * 1000000.0 / sampleRate()));
+    return triggerTime().addUSec(
+        Korvane::roundedToInt(-countOfPreFailureSamples() * 1000000.0 / sampleRate()));
 }
 
 PreciseDateTime SimpleOscillogram::endTime() const
 {
-    return triggerTime().addUSec(qRound((countOfPostFailureSamples() - 1) * 1000000.0 / sampleRate()));
+    return triggerTime().addUSec(
+        Korvane::roundedToInt((countOfPostFailureSamples() - 1) * 1000000.0 / sampleRate()));
 }
 
 int SimpleOscillogram::countOfSamples() const
@@ -36,7 +39,8 @@ PreciseDateTime SimpleOscillogram::dateTime(int sample) const
     for (int w = m_mergedWaves.size() - 1; w >= 0; --w) {
         const MergedWave& wave = m_mergedWaves[w];
         if (wave.sampleOffset <= sample)
-            return wave.beginTime.addUSec(static_cast<long long>((sample - wave.sampleOffset) * 1000000.0 / sampleRate()));
+            return wave.beginTime.addUSec(
+                Korvane::truncatedMicroseconds((sample - wave.sampleOffset) * 1000000.0 / sampleRate()));
     }
     return PreciseDateTime();
 }
