@@ -17,13 +17,13 @@ QSharedPointer<Channel> SimpleOscillogram::channel(int index) const
 PreciseDateTime SimpleOscillogram::beginTime() const
 {
     return triggerTime().addUSec(
-        Korvane::roundedToInt(-countOfPreFailureSamples() * 1000000.0 / sampleRate()));
+        Korvane::roundedToInt(-1000000.0 * countOfPreFailureSamples() / sampleRate()));
 }
 
 PreciseDateTime SimpleOscillogram::endTime() const
 {
     return triggerTime().addUSec(
-        Korvane::roundedToInt((countOfPostFailureSamples() - 1) * 1000000.0 / sampleRate()));
+        Korvane::roundedToInt((countOfPostFailureSamples() - 1.0) * 1000000.0 / sampleRate()));
 }
 
 int SimpleOscillogram::countOfSamples() const
