@@ -1,3 +1,5 @@
 # The fuzz targets: each has fuzz/<name>.cpp and a seed corpus in fuzz/corpus/<name>/.
 set(KORVANE_FUZZERS
+    clc_loader
+    wv2_loader
 )
