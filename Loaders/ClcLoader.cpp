@@ -93,14 +93,23 @@ ClcLoader::Header ClcLoader::readHeader(QFile& file)
 QList<QSharedPointer<ClcAnalogChannel>> ClcLoader::readChannels(QFile& file, int count, QTextDecoder& decoder)
 {
     QList<QSharedPointer<ClcAnalogChannel>> channels;
+    channels.reserve(count);
     char record[channelRecordLength];
+    const QString readError = QStringLiteral("READ_ERROR");
+    bool reachedEnd = false;
     for (int i = 0; i < count; ++i) {
         // A cut record keeps what the prefill left in it, so the channel is named READ_ERROR.
         std::memset(record, 0, sizeof record);
         std::memcpy(record, "READ_ERROR", sizeof "READ_ERROR");
-        file.read(record, channelRecordLength);
+        // Past the end of the file nothing more can be read: the records that remain are all
+        // the prefill, without a call to the file for each.
+        qint64 got = 0;
+        if (!reachedEnd) {
+            got = file.read(record, channelRecordLength);
+            reachedEnd = got < channelRecordLength;
+        }
         auto channel = QSharedPointer<ClcAnalogChannel>::create();
-        channel->setName(textAt(record, 256, decoder));
+        channel->setName(got > 0 ? textAt(record, 256, decoder) : readError);
         channel->setDataType(DT::Double);
         channel->setDataOffset(valuesPerChannel * i);
         channel->setDataCount(valuesPerChannel);

@@ -4,6 +4,7 @@
 #include "Model/OscillogramData.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QTemporaryFile>
 
 namespace {
@@ -26,7 +27,10 @@ void readThrough(const Oscillogram& record)
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
 {
     static QCoreApplication application(*argc, *argv);
-    scratch = new QTemporaryFile(QStringLiteral("fuzz-XXXXXX.clc"));
+    // Memory-backed where there is such a folder: the file is rewritten for every input.
+    const QString folder
+        = QDir(QStringLiteral("/dev/shm")).exists() ? QStringLiteral("/dev/shm") : QDir::tempPath();
+    scratch = new QTemporaryFile(folder + QStringLiteral("/fuzz-XXXXXX.clc"));
     if (!scratch->open())
         __builtin_trap();
     return 0;
