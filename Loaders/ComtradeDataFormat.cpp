@@ -1,7 +1,6 @@
 #include "ComtradeDataFormat.h"
 
-ComtradeDataFormat::ComtradeDataFormat(int value)
-    : m_value(value)
+ComtradeDataFormat::ComtradeDataFormat(int value) : m_value(value)
 {
 }
 

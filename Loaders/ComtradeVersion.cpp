@@ -7,13 +7,11 @@ int knownYearOr1991(int year)
 }
 } // namespace
 
-ComtradeVersion::ComtradeVersion(int value)
-    : m_value(value)
+ComtradeVersion::ComtradeVersion(int value) : m_value(value)
 {
 }
 
-ComtradeVersion::ComtradeVersion(const QString& text)
-    : m_value(knownYearOr1991(text.toInt()))
+ComtradeVersion::ComtradeVersion(const QString& text) : m_value(knownYearOr1991(text.toInt()))
 {
 }
 

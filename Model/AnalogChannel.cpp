@@ -1,12 +1,11 @@
 #include "AnalogChannel.h"
 
-#include "Model/OscillogramData.h"
-
 #include <array>
 #include <utility>
 
 namespace {
-const std::array<const char*, 10> chanTypeNames = { "Unknown", "Ua", "Ub", "Uc", "Ia", "Ib", "Ic", "Uab", "Ubc", "Uca" };
+const std::array<const char*, 10> chanTypeNames
+    = { "Unknown", "Ua", "Ub", "Uc", "Ia", "Ib", "Ic", "Uab", "Ubc", "Uca" };
 
 struct NamePattern
 {
@@ -16,8 +15,7 @@ struct NamePattern
 };
 // The first hit wins, so the line voltages come before the phase voltages they contain.
 const std::array<NamePattern, 9> namePatterns = { { { "uab", 7, 0 }, { "ubc", 8, 0 }, { "uca", 9, 0 },
-                                                     { "ua", 1, 1 }, { "ub", 2, 2 }, { "uc", 3, 3 },
-                                                     { "ia", 4, 1 }, { "ib", 5, 2 }, { "ic", 6, 3 } } };
+    { "ua", 1, 1 }, { "ub", 2, 2 }, { "uc", 3, 3 }, { "ia", 4, 1 }, { "ib", 5, 2 }, { "ic", 6, 3 } } };
 } // namespace
 
 QString AnalogChannel::chanTypeName() const
@@ -47,40 +45,6 @@ void AnalogChannel::setCMRChanType(int type)
     default:
         break;
     }
-}
-
-double AnalogChannel::getValue(int sample, int column) const
-{
-    const double value = Channel::getValue(sample, column);
-    return isInverted() ? minValue() + maxValue() - value : value;
-}
-
-double AnalogChannel::extremeValue(bool maximum) const
-{
-    const OscillogramData& store = *data();
-    const int column = dataOffset();
-    switch (dataType()) {
-    case DT::Int16:
-        return maximum ? store.int16MaxValue(column) : store.int16MinValue(column);
-    case DT::Int32:
-        return maximum ? store.int32MaxValue(column) : store.int32MinValue(column);
-    case DT::Float:
-        return maximum ? store.floatMaxValue(column) : store.floatMinValue(column);
-    case DT::Double:
-        return maximum ? store.doubleMaxValue(column) : store.doubleMinValue(column);
-    default:
-        return 0.0;
-    }
-}
-
-double AnalogChannel::minValue() const
-{
-    return extremeValue(false);
-}
-
-double AnalogChannel::maxValue() const
-{
-    return extremeValue(true);
 }
 
 void AnalogChannel::definePhase()

@@ -39,17 +39,39 @@ public:
     void setAdcDelay(double delay) { m_adcDelay = delay; }
 
     // The raw value, mirrored within the channel's own range when the channel is inverted.
-    double getValue(int sample, int column) const;
+    double getValue(int sample, int column) const
+    {
+        const double value = Channel::getValue(sample, column);
+        return isInverted() ? minValue() + maxValue() - value : value;
+    }
     double getValue(int sample) const { return getValue(sample, dataOffset()); }
-    double minValue() const;
-    double maxValue() const;
+    double minValue() const { return extremeValue(false); }
+    double maxValue() const { return extremeValue(true); }
     double getRealValue(double raw) const { return raw * m_multiplier + m_offsetAdder; }
 
     void definePhase();
     void findTypeByName();
 
 private:
-    double extremeValue(bool maximum) const;
+    // Inline, like getValue: a call in a column loop would keep the compiler from hoisting the
+    // store's pointers out of it.
+    double extremeValue(bool maximum) const
+    {
+        const OscillogramData& store = *data();
+        const int column = dataOffset();
+        switch (dataType()) {
+        case DT::Int16:
+            return maximum ? store.int16MaxValue(column) : store.int16MinValue(column);
+        case DT::Int32:
+            return maximum ? store.int32MaxValue(column) : store.int32MinValue(column);
+        case DT::Float:
+            return maximum ? store.floatMaxValue(column) : store.floatMinValue(column);
+        case DT::Double:
+            return maximum ? store.doubleMaxValue(column) : store.doubleMinValue(column);
+        default:
+            return 0.0;
+        }
+    }
 
     QString m_unit;
     int m_phaseNumber = 0;

@@ -1,7 +1,5 @@
 #include "Anomaly.h"
 
-AnomalyData::AnomalyData(int startSample, int endSample)
-    : m_startSample(startSample)
-    , m_endSample(endSample)
+AnomalyData::AnomalyData(int startSample, int endSample) : m_startSample(startSample), m_endSample(endSample)
 {
 }

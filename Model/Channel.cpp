@@ -1,7 +1,5 @@
 #include "Channel.h"
 
-#include "Model/OscillogramData.h"
-
 Channel::Channel(const Channel& other)
     : m_physNum(other.physNum())
     , m_name(other.m_name)
@@ -17,21 +15,3 @@ Channel::Channel(const Channel& other)
 }
 
 Channel::~Channel() = default;
-
-double Channel::getValue(int sample, int column) const
-{
-    switch (m_dataType) {
-    case DT::Int16:
-        return m_data->int16ChannelValue(sample, column);
-    case DT::Int32:
-        return m_data->int32ChannelValue(sample, column);
-    case DT::Float:
-        return m_data->floatChannelValue(sample, column);
-    case DT::Double:
-        return m_data->doubleChannelValue(sample, column);
-    case DT::Digital:
-        return m_data->digitalChannelValue(sample, column) ? 1.0 : 0.0;
-    default:
-        return 0.0;
-    }
-}

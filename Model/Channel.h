@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Model/DataType.h"
+#include "Model/OscillogramData.h"
 #include "korvane_export.h"
 
 #include <QColor>
@@ -9,8 +10,6 @@
 #include <QStringList>
 
 #include <optional>
-
-class OscillogramData;
 
 // One recorded signal: a name, a type and a column of the shared store. It owns no samples.
 class KORVANE_EXPORT Channel
@@ -49,7 +48,25 @@ public:
     void removeCustomColor() { m_customColor.reset(); }
 
     // The raw stored number of the store's block of this channel's type; 0 for no type.
-    double getValue(int sample, int column) const;
+    // Inline: plots and calculations read whole columns through it.
+    double getValue(int sample, int column) const
+    {
+        const OscillogramData* store = m_data.data();
+        switch (m_dataType) {
+        case DT::Int16:
+            return store->int16ChannelValue(sample, column);
+        case DT::Int32:
+            return store->int32ChannelValue(sample, column);
+        case DT::Float:
+            return store->floatChannelValue(sample, column);
+        case DT::Double:
+            return store->doubleChannelValue(sample, column);
+        case DT::Digital:
+            return store->digitalChannelValue(sample, column) ? 1.0 : 0.0;
+        default:
+            return 0.0;
+        }
+    }
 
 private:
     int m_physNum = 0;

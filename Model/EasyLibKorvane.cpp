@@ -11,8 +11,7 @@
 #include <QThreadPool>
 
 namespace {
-template<typename T>
-void registerOnce(const char* name)
+template<typename T> void registerOnce(const char* name)
 {
     if (QMetaType::type(name) == QMetaType::UnknownType)
         qRegisterMetaType<T>(name);
@@ -21,17 +20,17 @@ void registerOnce(const char* name)
 void showUnsupportedFormat(QWidget* parent)
 {
     QMessageBox::critical(parent, EasyLibKorvane::tr("Загрузка файла"),
-                          EasyLibKorvane::tr("Формат файла не поддерживается."), QMessageBox::Ok);
+        EasyLibKorvane::tr("Формат файла не поддерживается."), QMessageBox::Ok);
 }
 
 // Shows a failure with its causes; a cancelled load ends quietly. The dialog, if any, is closed.
 void reportLoadError(QWidget* parent, OscillogramLoader* loader, ProgressDialog* dialog,
-                     const QSharedPointer<Exception>& exception)
+    const QSharedPointer<Exception>& exception)
 {
     if (exception.dynamicCast<CancelledException>())
         return;
-    QMessageBox::critical(parent, EasyLibKorvane::tr("Загрузка файла"), exceptionChainText(*exception),
-                          QMessageBox::Ok);
+    QMessageBox::critical(
+        parent, EasyLibKorvane::tr("Загрузка файла"), exceptionChainText(*exception), QMessageBox::Ok);
     loader->deleteLater();
     if (dialog) {
         dialog->accept();
@@ -54,7 +53,8 @@ bool EasyLibKorvane::isWave(const QString& filename)
     return OscillogramLoaderFactory::isWave(filename);
 }
 
-bool EasyLibKorvane::open(const QString& filename, QWidget* parent, std::function<void(LoaderResult&)> callback)
+bool EasyLibKorvane::open(
+    const QString& filename, QWidget* parent, std::function<void(LoaderResult&)> callback)
 {
     OscillogramLoader* loader = OscillogramLoaderFactory::createLoaderForFile(filename);
     if (!loader) {
@@ -62,7 +62,8 @@ bool EasyLibKorvane::open(const QString& filename, QWidget* parent, std::functio
         return false;
     }
     auto* dialog = new ProgressDialog(parent);
-    connect(loader, &TaskBase::progressChanged, dialog, &ProgressDialog::updateProgress, Qt::QueuedConnection);
+    connect(
+        loader, &TaskBase::progressChanged, dialog, &ProgressDialog::updateProgress, Qt::QueuedConnection);
     // accept() is connected before the closure and both are queued: the closure runs in the same
     // delivery of posted events that ends the dialog's loop, so ok is set when exec() returns.
     connect(loader, &TaskBase::completed, dialog, &QDialog::accept, Qt::QueuedConnection);

@@ -6,46 +6,37 @@ const QString notImplementedText = QStringLiteral("Code is not implemented");
 const QString illegalArgumentText = QStringLiteral("Illegal argument passed");
 } // namespace
 
-Exception::Exception(const QString& message)
-    : m_message(message)
+Exception::Exception(const QString& message) : m_message(message)
 {
 }
 
-Exception::Exception(const QString& message, Exception* cause)
-    : m_message(message)
-    , m_cause(cause)
+Exception::Exception(const QString& message, Exception* cause) : m_message(message), m_cause(cause)
 {
 }
 
 Exception::Exception(const QString& message, QSharedPointer<Exception> cause)
-    : m_message(message)
-    , m_cause(std::move(cause))
+    : m_message(message), m_cause(std::move(cause))
 {
 }
 
-Exception::Exception(QSharedPointer<Exception> cause)
-    : m_cause(std::move(cause))
+Exception::Exception(QSharedPointer<Exception> cause) : m_cause(std::move(cause))
 {
 }
 
-Exception::Exception(Exception* cause)
-    : m_cause(cause)
+Exception::Exception(Exception* cause) : m_cause(cause)
 {
 }
 
 Exception::~Exception() = default;
 
-CancelledException::CancelledException()
-    : Exception(QStringLiteral("Task cancelled"))
+CancelledException::CancelledException() : Exception(QStringLiteral("Task cancelled"))
 {
 }
 
-NotImplementedException::NotImplementedException()
-    : Exception(notImplementedText)
+NotImplementedException::NotImplementedException() : Exception(notImplementedText)
 {
 }
-NotImplementedException::NotImplementedException(const QString& message)
-    : Exception(message)
+NotImplementedException::NotImplementedException(const QString& message) : Exception(message)
 {
 }
 NotImplementedException::NotImplementedException(const QString& message, Exception* cause)
@@ -60,17 +51,14 @@ NotImplementedException::NotImplementedException(QSharedPointer<Exception> cause
     : Exception(notImplementedText, std::move(cause))
 {
 }
-NotImplementedException::NotImplementedException(Exception* cause)
-    : Exception(notImplementedText, cause)
+NotImplementedException::NotImplementedException(Exception* cause) : Exception(notImplementedText, cause)
 {
 }
 
-IllegalArgumentException::IllegalArgumentException()
-    : Exception(illegalArgumentText)
+IllegalArgumentException::IllegalArgumentException() : Exception(illegalArgumentText)
 {
 }
-IllegalArgumentException::IllegalArgumentException(const QString& message)
-    : Exception(message)
+IllegalArgumentException::IllegalArgumentException(const QString& message) : Exception(message)
 {
 }
 IllegalArgumentException::IllegalArgumentException(const QString& message, Exception* cause)
@@ -85,18 +73,15 @@ IllegalArgumentException::IllegalArgumentException(QSharedPointer<Exception> cau
     : Exception(illegalArgumentText, std::move(cause))
 {
 }
-IllegalArgumentException::IllegalArgumentException(Exception* cause)
-    : Exception(illegalArgumentText, cause)
+IllegalArgumentException::IllegalArgumentException(Exception* cause) : Exception(illegalArgumentText, cause)
 {
 }
 
-ParsingException::ParsingException(const QString& message)
-    : Exception(message)
+ParsingException::ParsingException(const QString& message) : Exception(message)
 {
 }
 
-LoadFailureException::LoadFailureException(const QString& message)
-    : Exception(message)
+LoadFailureException::LoadFailureException(const QString& message) : Exception(message)
 {
 }
 
@@ -105,8 +90,7 @@ LoadFailureException::LoadFailureException(const QString& message, Exception* ca
 {
 }
 
-FileFormatException::FileFormatException()
-    : LoadFailureException(tr("Неправильный формат файла"))
+FileFormatException::FileFormatException() : LoadFailureException(tr("Неправильный формат файла"))
 {
 }
 
@@ -114,6 +98,7 @@ QString exceptionChainText(const Exception& exception)
 {
     QString text = exception.message();
     for (auto cause = exception.cause(); cause; cause = cause->cause())
-        text += QLatin1Char('\n') + QCoreApplication::translate("EasyLibKorvane", "По причине: ") + cause->message();
+        text += QLatin1Char('\n') + QCoreApplication::translate("EasyLibKorvane", "По причине: ")
+            + cause->message();
     return text;
 }

@@ -1,7 +1,5 @@
 #include "Failure.h"
 
-Failure::Failure(const QString& reason, int blockNum)
-    : m_blockNum(blockNum)
-    , m_reason(reason)
+Failure::Failure(const QString& reason, int blockNum) : m_blockNum(blockNum), m_reason(reason)
 {
 }

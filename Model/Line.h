@@ -75,11 +75,10 @@ public:
 
 private:
     // The six lists that count analogue channels, in the order of the searches.
-    template<typename Self>
-    static auto analogListsOf(Self& self)
+    template<typename Self> static auto analogListsOf(Self& self)
     {
-        return std::array { &self.m_vtNumbers, &self.m_ctNumbers, &self.m_rpNumbers,
-                            &self.m_fNumbers,  &self.m_esNumbers, &self.m_ocsNumbers };
+        return std::array { &self.m_vtNumbers, &self.m_ctNumbers, &self.m_rpNumbers, &self.m_fNumbers,
+            &self.m_esNumbers, &self.m_ocsNumbers };
     }
 
     QString m_name;

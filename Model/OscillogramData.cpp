@@ -2,7 +2,8 @@
 
 namespace {
 template<typename T>
-void scanBlock(const QVector<T>& values, int columns, int samples, QVector<T>& minValues, QVector<T>& maxValues)
+void scanBlock(
+    const QVector<T>& values, int columns, int samples, QVector<T>& minValues, QVector<T>& maxValues)
 {
     for (int s = 0; s < samples; ++s) {
         for (int c = 0; c < columns; ++c) {
@@ -32,6 +33,10 @@ void reserveBlock(QVector<T>& values, QVector<T>& minValues, QVector<T>& maxValu
 
 OscillogramData::OscillogramData(OscillogramDataPrivate* d)
     : d(d)
+    , m_doubles(d->doubleValues, d->countOfDoubleChannels)
+    , m_floats(d->floatValues, d->countOfFloatChannels)
+    , m_int32s(d->int32Values, d->countOfInt32Channels)
+    , m_int16s(d->int16Values, d->countOfInt16Channels)
 {
     scanExtremes();
 }
@@ -54,7 +59,8 @@ void OscillogramData::scanExtremes()
 
 int OscillogramData::countOfAnalogChannels() const
 {
-    return d->countOfDoubleChannels + d->countOfFloatChannels + d->countOfInt32Channels + d->countOfInt16Channels;
+    return d->countOfDoubleChannels + d->countOfFloatChannels + d->countOfInt32Channels
+        + d->countOfInt16Channels;
 }
 
 int OscillogramData::countOfChannelsOfType(DT::DataType type) const
@@ -93,8 +99,7 @@ int OscillogramData::dataSizeOfType(DT::DataType type) const
     }
 }
 
-OscillogramDataBuilder::OscillogramDataBuilder()
-    : d(new OscillogramDataPrivate)
+OscillogramDataBuilder::OscillogramDataBuilder() : d(new OscillogramDataPrivate)
 {
 }
 
@@ -103,8 +108,8 @@ OscillogramDataBuilder::~OscillogramDataBuilder()
     delete d;
 }
 
-void OscillogramDataBuilder::reserve(int doubleChannels, int floatChannels, int int32Channels, int int16Channels,
-                                     int digitalChannels, int samples)
+void OscillogramDataBuilder::reserve(int doubleChannels, int floatChannels, int int32Channels,
+    int int16Channels, int digitalChannels, int samples)
 {
     d->countOfDoubleChannels = doubleChannels;
     d->countOfFloatChannels = floatChannels;

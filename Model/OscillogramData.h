@@ -42,27 +42,33 @@ public:
     OscillogramData(const OscillogramData&) = delete;
     OscillogramData& operator=(const OscillogramData&) = delete;
 
-    int doubleValueIndex(int sample, int channel) const { return sample * d->countOfDoubleChannels + channel; }
+    int doubleValueIndex(int sample, int channel) const
+    {
+        return sample * d->countOfDoubleChannels + channel;
+    }
     int floatValueIndex(int sample, int channel) const { return sample * d->countOfFloatChannels + channel; }
     int int32ValueIndex(int sample, int channel) const { return sample * d->countOfInt32Channels + channel; }
     int int16ValueIndex(int sample, int channel) const { return sample * d->countOfInt16Channels + channel; }
-    int digitalValueIndex(int sample, int channel) const { return sample * d->countOfDigitalChannels + channel; }
+    int digitalValueIndex(int sample, int channel) const
+    {
+        return sample * d->countOfDigitalChannels + channel;
+    }
 
     double doubleChannelValue(int sample, int channel) const
     {
-        return valueOrZero(d->doubleValues, doubleValueIndex(sample, channel));
+        return m_doubles.valueOrZero(sample * m_doubles.columns + channel);
     }
     float floatChannelValue(int sample, int channel) const
     {
-        return valueOrZero(d->floatValues, floatValueIndex(sample, channel));
+        return m_floats.valueOrZero(sample * m_floats.columns + channel);
     }
     int int32ChannelValue(int sample, int channel) const
     {
-        return valueOrZero(d->int32Values, int32ValueIndex(sample, channel));
+        return m_int32s.valueOrZero(sample * m_int32s.columns + channel);
     }
     short int16ChannelValue(int sample, int channel) const
     {
-        return valueOrZero(d->int16Values, int16ValueIndex(sample, channel));
+        return m_int16s.valueOrZero(sample * m_int16s.columns + channel);
     }
     bool digitalChannelValue(int sample, int channel) const
     {
@@ -96,16 +102,31 @@ public:
     int dataSizeOfType(DT::DataType type) const;
 
 private:
-    template<typename T>
-    static T valueOrZero(const QVector<T>& values, int index)
+    // A read-only view of one block, taken once the store is complete: reads of whole columns go
+    // through it without the indirections of the private block and its vectors.
+    template<typename T> struct BlockView
     {
+        const T* values = nullptr;
+        int size = 0;
+        int columns = 0;
+
+        BlockView() = default;
+        BlockView(const QVector<T>& block, int columnCount)
+            : values(block.constData()), size(block.size()), columns(columnCount)
+        {
+        }
         // Only the flat index is checked: a column beyond the count that lands within the block
         // reads a neighbour's value, as readers of the store expect.
-        return (index >= 0 && index < values.size()) ? values[index] : T(0);
-    }
+        T valueOrZero(int index) const { return (index >= 0 && index < size) ? values[index] : T(0); }
+    };
+
     void scanExtremes();
 
     OscillogramDataPrivate* d;
+    BlockView<double> m_doubles;
+    BlockView<float> m_floats;
+    BlockView<int> m_int32s;
+    BlockView<short> m_int16s;
 };
 
 // Fills a store once: reserve, append or set, then build().
@@ -118,7 +139,7 @@ public:
     OscillogramDataBuilder& operator=(const OscillogramDataBuilder&) = delete;
 
     void reserve(int doubleChannels, int floatChannels, int int32Channels, int int16Channels,
-                 int digitalChannels, int samples);
+        int digitalChannels, int samples);
     void setCountOfSamples(int samples);
 
     QVector<double>& doubleAnalogValues() { return d->doubleValues; }

@@ -1,8 +1,7 @@
 #include "OscillogramLoader.h"
 
 OscillogramLoader::OscillogramLoader(const QString& filename, QObject* parent)
-    : Task<LoaderResult>(parent)
-    , m_filename(filename)
+    : Task<LoaderResult>(parent), m_filename(filename)
 {
     setAutoDelete(false);
 }

@@ -21,8 +21,8 @@ void Oscillograms::remove(const QSharedPointer<Oscillogram>& wave)
     emit changed();
 }
 
-void Oscillograms::changeOscillogram(const QSharedPointer<Oscillogram>& oldOne,
-                                     const QSharedPointer<Oscillogram>& newOne)
+void Oscillograms::changeOscillogram(
+    const QSharedPointer<Oscillogram>& oldOne, const QSharedPointer<Oscillogram>& newOne)
 {
     if (!newOne)
         return;

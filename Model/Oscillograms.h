@@ -23,7 +23,8 @@ public:
     // A key in use gets "(2)", "(3)" and so on behind it until a free one is found.
     void add(const QString& key, const QSharedPointer<Oscillogram>& wave);
     void remove(const QSharedPointer<Oscillogram>& wave);
-    void changeOscillogram(const QSharedPointer<Oscillogram>& oldOne, const QSharedPointer<Oscillogram>& newOne);
+    void changeOscillogram(
+        const QSharedPointer<Oscillogram>& oldOne, const QSharedPointer<Oscillogram>& newOne);
 
 signals:
     void changed();

@@ -16,13 +16,12 @@ QDateTime utcFieldsFromSeconds(long long seconds, int offsetFromUtc)
 }
 } // namespace
 
-PreciseDateTime::PreciseDateTime()
-    : m_dateTime(QDateTime::fromSecsSinceEpoch(0))
+PreciseDateTime::PreciseDateTime() : m_dateTime(QDateTime::fromSecsSinceEpoch(0))
 {
 }
 
-PreciseDateTime::PreciseDateTime(int year, int month, int day, int hour, int minute, int second,
-                                 long long uSec, int offsetFromUtc)
+PreciseDateTime::PreciseDateTime(
+    int year, int month, int day, int hour, int minute, int second, long long uSec, int offsetFromUtc)
     : m_dateTime(QDate(year, month, day), QTime(hour, minute, second, int(uSec / 1000)), Qt::OffsetFromUTC)
     , m_uSec(uSec)
 {
@@ -30,15 +29,15 @@ PreciseDateTime::PreciseDateTime(int year, int month, int day, int hour, int min
 }
 
 PreciseDateTime::PreciseDateTime(const QDateTime& dateTime, long long uSec)
-    : m_dateTime(dateTime)
-    , m_uSec(uSec)
+    : m_dateTime(dateTime), m_uSec(uSec)
 {
 }
 
 PreciseDateTime PreciseDateTime::fromUSecsSinceEpoch(unsigned long long uSecs, int offsetFromUtc)
 {
-    return PreciseDateTime(utcFieldsFromSeconds(static_cast<long long>(uSecs / microsPerSecond), offsetFromUtc),
-                           static_cast<long long>(uSecs % microsPerSecond));
+    return PreciseDateTime(
+        utcFieldsFromSeconds(static_cast<long long>(uSecs / microsPerSecond), offsetFromUtc),
+        static_cast<long long>(uSecs % microsPerSecond));
 }
 
 PreciseDateTime PreciseDateTime::from(long long seconds, long long uSec, int offsetFromUtc)
@@ -100,8 +99,8 @@ PreciseDateTime PreciseDateTime::addUSec(long long delta) const
     // An exact negative multiple of a second leaves uSec at 1000000 one second lower: the same
     // instant with the field out of its range. Kept as it is.
     if (total < 0)
-        return PreciseDateTime(m_dateTime.addSecs(total / microsPerSecond - 1),
-                               total % microsPerSecond + microsPerSecond);
+        return PreciseDateTime(
+            m_dateTime.addSecs(total / microsPerSecond - 1), total % microsPerSecond + microsPerSecond);
     return PreciseDateTime(m_dateTime.addSecs(total / microsPerSecond), total % microsPerSecond);
 }
 

@@ -14,8 +14,8 @@ class KORVANE_EXPORT PreciseDateTime
 {
 public:
     PreciseDateTime();
-    PreciseDateTime(int year, int month, int day, int hour, int minute, int second, long long uSec,
-                    int offsetFromUtc);
+    PreciseDateTime(
+        int year, int month, int day, int hour, int minute, int second, long long uSec, int offsetFromUtc);
     PreciseDateTime(const QDateTime& dateTime, long long uSec);
 
     static PreciseDateTime fromUSecsSinceEpoch(unsigned long long uSecs, int offsetFromUtc);

@@ -19,7 +19,10 @@ public:
     // No bounds check: callers test with isValidAnalogChannel first.
     QSharedPointer<AnalogChannel> analogChannel(int index) const override { return m_analogChannels[index]; }
     bool isValidAnalogChannel(int index) const override { return index < countOfAnalogChannels(); }
-    QSharedPointer<DigitalChannel> digitalChannel(int index) const override { return m_digitalChannels[index]; }
+    QSharedPointer<DigitalChannel> digitalChannel(int index) const override
+    {
+        return m_digitalChannels[index];
+    }
     bool isValidDigitalChannel(int index) const override { return index < countOfDigitalChannels(); }
     QSharedPointer<Channel> channel(int index) const override;
     QSharedPointer<Line> line(int index) const override { return m_lines[index]; }
@@ -54,8 +57,14 @@ public:
     QList<QSharedPointer<Line>> lines() const { return m_lines; }
     void setLines(const QList<QSharedPointer<Line>>& lines) { m_lines = lines; }
     void addAnalogChannel(const QSharedPointer<AnalogChannel>& channel) { m_analogChannels.append(channel); }
-    void setAnalogChannels(const QList<QSharedPointer<AnalogChannel>>& channels) { m_analogChannels = channels; }
-    void setDigitalChannels(const QList<QSharedPointer<DigitalChannel>>& channels) { m_digitalChannels = channels; }
+    void setAnalogChannels(const QList<QSharedPointer<AnalogChannel>>& channels)
+    {
+        m_analogChannels = channels;
+    }
+    void setDigitalChannels(const QList<QSharedPointer<DigitalChannel>>& channels)
+    {
+        m_digitalChannels = channels;
+    }
     QList<MergedWave> mergedWaves() const { return m_mergedWaves; }
     void setMergedWaves(const QList<MergedWave>& waves) { m_mergedWaves = waves; }
     QList<RAS_OBJECT> rasObjects() const { return m_rasObjects; }

@@ -6,14 +6,10 @@
 
 // A job for the global thread pool: work() computes the result, run() turns its failures into
 // the error signal. Exceptions arrive thrown in three forms, each handled by its own clause.
-template<typename T>
-class Task : public QRunnable, public TaskBase
+template<typename T> class Task : public QRunnable, public TaskBase
 {
 public:
-    explicit Task(QObject* parent = nullptr)
-        : TaskBase(parent)
-    {
-    }
+    explicit Task(QObject* parent = nullptr) : TaskBase(parent) { }
 
     void run() override
     {

@@ -1,7 +1,6 @@
 #include "TaskBase.h"
 
-TaskBase::TaskBase(QObject* parent)
-    : QObject(parent)
+TaskBase::TaskBase(QObject* parent) : QObject(parent)
 {
 }
 

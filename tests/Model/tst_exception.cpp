@@ -9,10 +9,7 @@ namespace {
 class ScriptedTask : public Task<int>
 {
 public:
-    explicit ScriptedTask(std::function<int()> body)
-        : m_body(std::move(body))
-    {
-    }
+    explicit ScriptedTask(std::function<int()> body) : m_body(std::move(body)) { }
 
 protected:
     int work() override { return m_body(); }
@@ -60,7 +57,7 @@ private slots:
     void chainOfTwoCausesHasThreeLines()
     {
         const Exception chain(QStringLiteral("top"),
-                              new Exception(QStringLiteral("middle"), new Exception(QStringLiteral("bottom"))));
+            new Exception(QStringLiteral("middle"), new Exception(QStringLiteral("bottom"))));
         const QStringList lines = exceptionChainText(chain).split(QLatin1Char('\n'));
         QCOMPARE(lines.size(), 3);
         QCOMPARE(lines.at(0), QStringLiteral("top"));

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "korvane_export.h"
+
+#include <QFile>
+#include <QString>
+#include <QStringList>
+
+#include <cstdio>
+
+struct archive;
+
+// A thin layer over libarchive for the COMTRADE zip road. Failures are not thrown: they are kept
+// as a text in errorString() and the calls return false.
+class KORVANE_EXPORT ZipArchive
+{
+public:
+    enum OpenMode { NotOpen, ReadOnly, WriteOnly };
+
+    ZipArchive() = default;
+    explicit ZipArchive(const QString& filename);
+    ~ZipArchive();
+    ZipArchive(const ZipArchive&) = delete;
+    ZipArchive& operator=(const ZipArchive&) = delete;
+
+    void setFilename(const QString& filename) { m_filename = filename; }
+    QString filename() const { return m_filename; }
+    QString errorString() const { return m_error; }
+    bool isOpen() const { return m_mode != NotOpen; }
+
+    bool open(OpenMode mode);
+    void close();
+
+    // Reading. Entry names are decoded as CP866, or taken as UTF-16 where that gives nothing.
+    QStringList entryNames();
+    // Every member is written to <destination>/Wave.<suffix of its cleaned name>, so that a set
+    // in an archive always has one base name; paths flatten, and a later member of the same
+    // suffix overwrites an earlier one.
+    bool extractTo(const QString& destination);
+
+    // Writing: one deflated entry named entryName (stored in CP866) with the bytes of sourcePath,
+    // its size and modification time, permissions 644. A source that cannot be read gives an
+    // entry header without data.
+    bool addFile(const QString& entryName, const QString& sourcePath);
+
+    // The name of a member as it is written out: characters that file systems refuse become
+    // underscores and blanks go.
+    static QString cleanEntryName(const QString& name);
+
+private:
+    bool openForReading();
+    bool openForWriting();
+    QString currentEntryName(struct archive_entry* entry) const;
+    bool copyEntryData(const QString& target);
+
+    QString m_filename;
+    QString m_error;
+    OpenMode m_mode = NotOpen;
+    struct archive* m_archive = nullptr;
+    QFile m_readFile;
+    std::FILE* m_file = nullptr;
+};

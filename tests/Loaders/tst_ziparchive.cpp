@@ -1,0 +1,152 @@
+#include "FixtureFiles.h"
+#include "Loaders/ZipArchive.h"
+#include "ZipFixture.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace KorvaneTest;
+
+class TestZipArchive : public QObject
+{
+    Q_OBJECT
+private slots:
+    void namesAreDecodedAsCp866()
+    {
+        QTemporaryDir dir;
+        const QString zip = dir.filePath(QStringLiteral("set.zip"));
+        const QString cyrillic = QStringLiteral("Авария 12.cfg");
+        QVERIFY(writeZip(zip, { { cp866(cyrillic), "x" }, { "plain.dat", "y" } }));
+        ZipArchive archive(zip);
+        QVERIFY(archive.open(ZipArchive::ReadOnly));
+        QCOMPARE(archive.entryNames(), (QStringList { cyrillic, QStringLiteral("plain.dat") }));
+    }
+
+    void extractionRenamesEveryMemberToWave()
+    {
+        QTemporaryDir dir;
+        const QString zip = dir.filePath(QStringLiteral("set.zip"));
+        QVERIFY(writeZip(zip,
+            { { cp866(QStringLiteral("Авария 12.cfg")), "config" }, { "nested/deeper/Record 1.DAT", "data" },
+                { "folder/", "", true } }));
+        const QString out = dir.filePath(QStringLiteral("out"));
+        ZipArchive archive(zip);
+        QVERIFY(archive.open(ZipArchive::ReadOnly));
+        QVERIFY2(archive.extractTo(out), qPrintable(archive.errorString()));
+        QCOMPARE(readFile(out + QStringLiteral("/Wave.cfg")), QByteArray("config"));
+        // The slash is a refused character, so the member lands flat, beside the others.
+        QCOMPARE(readFile(out + QStringLiteral("/Wave.DAT")), QByteArray("data"));
+        QVERIFY(!QFileInfo::exists(out + QStringLiteral("/nested")));
+    }
+
+    void laterMemberOfSameSuffixWins()
+    {
+        QTemporaryDir dir;
+        const QString zip = dir.filePath(QStringLiteral("two.zip"));
+        QVERIFY(writeZip(zip, { { "first.cfg", "one" }, { "second.cfg", "two" } }));
+        ZipArchive archive(zip);
+        QVERIFY(archive.open(ZipArchive::ReadOnly));
+        QVERIFY(archive.extractTo(dir.path()));
+        QCOMPARE(readFile(dir.filePath(QStringLiteral("Wave.cfg"))), QByteArray("two"));
+    }
+
+    void cleaning_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("cleaned");
+        QTest::newRow("path flattens") << "a/b/c.cfg"
+                                       << "a_b_c.cfg";
+        QTest::newRow("blanks go") << "my record 1.dat"
+                                   << "myrecord1.dat";
+        QTest::newRow("every refused character")
+            << QStringLiteral("~!?@<>{}:/\\#$%^&*=|`\"x") << QStringLiteral("_____________________x");
+        QTest::newRow("dots and dashes stay") << "rec-1.2.hdr"
+                                              << "rec-1.2.hdr";
+    }
+
+    void cleaning()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, cleaned);
+        QCOMPARE(ZipArchive::cleanEntryName(name), cleaned);
+    }
+
+    void openFailures()
+    {
+        ZipArchive unnamed;
+        QVERIFY(!unnamed.open(ZipArchive::ReadOnly));
+        QCOMPARE(unnamed.errorString(), QStringLiteral("Filename is not specified"));
+
+        QTemporaryDir dir;
+        const QString missing = dir.filePath(QStringLiteral("missing.zip"));
+        ZipArchive absent(missing);
+        QVERIFY(!absent.open(ZipArchive::ReadOnly));
+        QCOMPARE(absent.errorString(), QStringLiteral("Can't open file %1").arg(missing));
+
+        const QString zip = dir.filePath(QStringLiteral("ok.zip"));
+        QVERIFY(writeZip(zip, { { "a.cfg", "1" } }));
+        ZipArchive twice(zip);
+        QVERIFY(twice.open(ZipArchive::ReadOnly));
+        QVERIFY(!twice.open(ZipArchive::ReadOnly));
+        QCOMPARE(twice.errorString(), QStringLiteral("Archive is already open!"));
+
+        ZipArchive wrongMode(zip);
+        QVERIFY(!wrongMode.open(ZipArchive::NotOpen));
+        QCOMPARE(wrongMode.errorString(), QStringLiteral("Wrong open mode"));
+    }
+
+    void garbageIsNoArchive()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("garbage.zip"));
+        QVERIFY(writeFile(path, QByteArray("this is not an archive at all").repeated(20)));
+        ZipArchive archive(path);
+        if (archive.open(ZipArchive::ReadOnly))
+            QVERIFY(archive.entryNames().isEmpty());
+        else
+            QCOMPARE(archive.errorString(), QStringLiteral("Can't read buffer"));
+    }
+
+    void extractionRefusals()
+    {
+        QTemporaryDir dir;
+        const QString zip = dir.filePath(QStringLiteral("ok.zip"));
+        QVERIFY(writeZip(zip, { { "a.cfg", "1" } }));
+        ZipArchive closed(zip);
+        QVERIFY(!closed.extractTo(dir.filePath(QStringLiteral("out"))));
+        QCOMPARE(closed.errorString(), QStringLiteral("Archive is not open"));
+        ZipArchive opened(zip);
+        QVERIFY(opened.open(ZipArchive::ReadOnly));
+        QVERIFY(!opened.extractTo(zip));
+        QCOMPARE(opened.errorString(), QStringLiteral("Destination is file"));
+    }
+
+    void writerStoresCp866NamesAndMode644()
+    {
+        QTemporaryDir dir;
+        const QString source = dir.filePath(QStringLiteral("src.bin"));
+        QByteArray payload;
+        for (int i = 0; i < 3 * 1024 * 1024 + 17; ++i)
+            payload.append(char(i * 31 % 251));
+        QVERIFY(writeFile(source, payload));
+        const QString zip = dir.filePath(QStringLiteral("out.zip"));
+        {
+            ZipArchive archive(zip);
+            QVERIFY(archive.open(ZipArchive::WriteOnly));
+            QVERIFY(archive.addFile(QStringLiteral("Запись.DAT"), source));
+            QVERIFY(archive.addFile(QStringLiteral("missing.HDR"), dir.filePath(QStringLiteral("none"))));
+        }
+        const QList<ZipEntryInfo> entries = readZip(zip);
+        QCOMPARE(entries.size(), 2);
+        QCOMPARE(entries[0].rawName, cp866(QStringLiteral("Запись.DAT")));
+        QCOMPARE(entries[0].permissions, 0644);
+        QVERIFY(entries[0].isRegularFile);
+        QCOMPARE(entries[0].data, payload);
+        QCOMPARE(entries[1].rawName, QByteArray("missing.HDR"));
+        QVERIFY(entries[1].data.isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestZipArchive)
+#include "tst_ziparchive.moc"
