@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryFile>
+#include <QtEndian>
 
 namespace {
 QTemporaryFile* scratch = nullptr;
@@ -38,6 +39,11 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
+    // Headers that claim tens of thousands of channels make as many empty channels; the tests
+    // cover that once, and here they would only slow the search down.
+    constexpr size_t countOffset = 274;
+    if (size >= countOffset + 4 && qFromLittleEndian<qint32>(data + countOffset) > 4096)
+        return 0;
     if (!scratch->resize(0) || !scratch->seek(0)
         || scratch->write(reinterpret_cast<const char*>(data), qint64(size)) != qint64(size)
         || !scratch->flush())

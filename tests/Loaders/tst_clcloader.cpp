@@ -206,6 +206,19 @@ private slots:
         QCOMPARE(record->countOfSamples(), 1);
     }
 
+    void channelCountBeyondSixteenBitsIsCut()
+    {
+        ClcFileWriter writer;
+        writer.header("R", "A", archiveTime, 0, 0, 0x7FFFFFFF).channel("one", 1, 1);
+        const auto record = load(writer.bytes()).record;
+        QVERIFY(record);
+        QCOMPARE(record->countOfAnalogChannels(), 65535);
+        QCOMPARE(record->analogChannel(0)->name(), QStringLiteral("one"));
+        QCOMPARE(record->analogChannel(65534)->name(), QStringLiteral("READ_ERROR"));
+        QCOMPARE(record->analogChannel(65534)->dataOffset(), 3 * 65534);
+        QCOMPARE(record->countOfSamples(), 0);
+    }
+
     void refusals_data()
     {
         QTest::addColumn<QByteArray>("bytes");
