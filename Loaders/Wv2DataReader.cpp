@@ -6,6 +6,8 @@
 #include <QIODevice>
 #include <QtEndian>
 
+#include <algorithm>
+
 namespace {
 // These texts name the place of the failure for whoever reads a bug report; they are not
 // translated.
@@ -47,6 +49,12 @@ Wv2DataReader::Wv2DataReader(QIODevice* device, QSharedPointer<const Wv2MetaData
         m_analogPlaces.push_back({ channel.offset, quint16(channel.mask) });
     for (const WAVE_TAGDCHANNEL& channel : m_metaData->digitalChannels)
         m_digitalPlaces.push_back({ channel.offset, quint8(channel.mask) });
+    const auto within = [this](const std::vector<ValuePlace>& places, int width) {
+        return std::all_of(places.begin(), places.end(), [this, width](const ValuePlace& place) {
+            return place.offset >= 0 && place.offset + width <= m_frameSize;
+        });
+    };
+    m_placesWithinFrame = within(m_analogPlaces, 2) && within(m_digitalPlaces, 1);
 }
 
 QSharedPointer<OscillogramData> Wv2DataReader::read()
@@ -105,10 +113,21 @@ void Wv2DataReader::decodeBlock(const WAVE_TAG& tag)
 
 void Wv2DataReader::decodeFrames(const QByteArray& frames, quint32 frameCount)
 {
+    // Frames whose every value lies within the frame itself need no check of the block's bounds,
+    // since the block was found to hold all its frames.
+    if (m_placesWithinFrame)
+        decodeFrames<false>(frames, frameCount);
+    else
+        decodeFrames<true>(frames, frameCount);
+    m_framesRead += frameCount;
+}
+
+template<bool CheckBounds> void Wv2DataReader::decodeFrames(const QByteArray& frames, quint32 frameCount)
+{
     const char* block = frames.constData();
     const qint64 blockSize = frames.size();
     const size_t analogs = m_analogPlaces.size();
-    const size_t digitals = m_digitalPlaces.size();
+    const qint64 digitals = qint64(m_digitalPlaces.size());
 
     QVector<short>& values = m_builder.int16AnalogValues();
     const int first = values.size();
@@ -119,16 +138,21 @@ void Wv2DataReader::decodeFrames(const QByteArray& frames, quint32 frameCount)
 
     for (quint32 frame = 0; frame < frameCount; ++frame) {
         const qint64 base = qint64(frame) * m_frameSize;
-        for (const ValuePlace& place : m_analogPlaces)
-            *out++ = short(wordAt(block, blockSize, base + place.offset) & place.mask);
-        qint64 bit = (m_framesRead + frame) * qint64(digitals);
+        for (const ValuePlace& place : m_analogPlaces) {
+            const qint64 position = base + place.offset;
+            const quint16 word = CheckBounds ? wordAt(block, blockSize, position)
+                                             : qFromLittleEndian<quint16>(block + position);
+            *out++ = short(word & place.mask);
+        }
+        qint64 bit = (m_framesRead + frame) * digitals;
         for (const ValuePlace& place : m_digitalPlaces) {
-            if (byteAt(block, blockSize, base + place.offset) & place.mask)
+            const qint64 position = base + place.offset;
+            const quint8 byte = CheckBounds ? byteAt(block, blockSize, position) : quint8(block[position]);
+            if (byte & place.mask)
                 bits[bit >> 3] |= quint8(1u << (bit & 7));
             ++bit;
         }
     }
-    m_framesRead += frameCount;
 }
 
 QByteArray Wv2DataReader::readBytes(qint64 count, const char* code)

@@ -38,6 +38,7 @@ private:
     void readTag();
     void decodeBlock(const WAVE_TAG& tag);
     void decodeFrames(const QByteArray& frames, quint32 frameCount);
+    template<bool CheckBounds> void decodeFrames(const QByteArray& frames, quint32 frameCount);
     QByteArray readBytes(qint64 count, const char* code);
     void skipBytes(qint64 count);
     void consumed(qint64 count);
@@ -49,6 +50,7 @@ private:
     std::vector<ValuePlace> m_analogPlaces;
     std::vector<ValuePlace> m_digitalPlaces;
     int m_frameSize = 0;
+    bool m_placesWithinFrame = false;
     qint64 m_position = 0;
     qint64 m_framesRead = 0;
     qint64 m_totalFrames = 0;
