@@ -148,8 +148,9 @@ template<bool CheckBounds> void Wv2DataReader::decodeFrames(const QByteArray& fr
         for (const ValuePlace& place : m_digitalPlaces) {
             const qint64 position = base + place.offset;
             const quint8 byte = CheckBounds ? byteAt(block, blockSize, position) : quint8(block[position]);
-            if (byte & place.mask)
-                bits[bit >> 3] |= quint8(1u << (bit & 7));
+            // Without a branch: discrete values change at random, and mispredictions would cost
+            // more than the rest of the loop.
+            bits[bit >> 3] |= quint8(unsigned((byte & place.mask) != 0) << (bit & 7));
             ++bit;
         }
     }
