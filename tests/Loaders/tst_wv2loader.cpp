@@ -604,5 +604,5 @@ private:
     QString m_samplePath;
 };
 
-QTEST_MAIN(TestWv2Loader)
+QTEST_GUILESS_MAIN(TestWv2Loader)
 #include "tst_wv2loader.moc"
