@@ -8,6 +8,8 @@
 #include <QTemporaryFile>
 #include <QtEndian>
 
+#include <cstdlib>
+
 namespace {
 QTemporaryFile* scratch = nullptr;
 
@@ -34,6 +36,7 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
     scratch = new QTemporaryFile(folder + QStringLiteral("/fuzz-XXXXXX.clc"));
     if (!scratch->open())
         __builtin_trap();
+    std::atexit([] { delete scratch; });
     return 0;
 }
 
