@@ -105,7 +105,12 @@ void ComtradeSaver::fillRasDescription()
             // Every device observes all lines of the record.
             for (int i = 0; i < oscillogram()->countOfLines(); ++i) {
                 const QSharedPointer<Line> line = oscillogram()->line(i);
-                if (onlySelectedChannels() && !isLineUsed(line))
+                if (!onlySelectedChannels()) {
+                    recorder.equipment.push_back(equipmentOf(line));
+                    continue;
+                }
+                // A selection keeps the lines it touches, cut down to the selected channels.
+                if (!isLineUsed(line))
                     continue;
                 auto copy = QSharedPointer<Line>::create(*line);
                 prepareLine(copy);

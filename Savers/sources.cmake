@@ -6,5 +6,6 @@ set(KORVANE_SAVERS_SOURCES
     Savers/ComtradeSaverFiles.cpp
     Savers/Converter.cpp
     Savers/OscSaverFactory.cpp
+    Savers/UserSettingsJson.cpp
     Savers/WaveSaver.cpp
 )

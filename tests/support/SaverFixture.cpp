@@ -1,6 +1,11 @@
 #include "SaverFixture.h"
 
+#include "FixtureFiles.h"
+#include "Loaders/ComtradeLoader.h"
+#include "Model/Exception.h"
 #include "Model/OscillogramData.h"
+
+#include <QDir>
 
 #include <QtMath>
 
@@ -191,6 +196,49 @@ QSharedPointer<SimpleOscillogram> makeSaverRecord(const SaverRecordDescription& 
     if (d.withMergedWaves)
         record->setMergedWaves(makeMergedWaves(*record));
     return record;
+}
+
+double smallSetRaw(int sample, int channel)
+{
+    return channel == 0 ? 10.0 * sample - 30.0 : double(sample * sample);
+}
+
+bool smallSetBit(int sample)
+{
+    return sample % 2 == 1;
+}
+
+QString writeSmallComtradeSet(const QString& folder, const QString& base)
+{
+    QString cfg = QStringLiteral("Малая ПС,Рег 1,1999\r\n3,2A,1D\r\n"
+                                 "1,Ia,A,,A,0.5,1,0,-1000,1000,600,5,S\r\n"
+                                 "2,Ub,B,,kV,0.01,0,0,-1000,1000,110,0.1,P\r\n"
+                                 "1,Пуск,,,0\r\n50\r\n1\r\n1000,%1\r\n"
+                                 "01/02/2020,03:04:05.000000\r\n01/02/2020,03:04:05.005000\r\nASCII\r\n1\r\n")
+                      .arg(smallSetSamples);
+    QByteArray dat;
+    for (int s = 0; s < smallSetSamples; ++s) {
+        dat += QByteArray::number(s + 1) + ',' + QByteArray::number(s * 1000) + ','
+            + QByteArray::number(smallSetRaw(s, 0)) + ',' + QByteArray::number(smallSetRaw(s, 1)) + ','
+            + (smallSetBit(s) ? "1" : "0") + "\r\n";
+    }
+    const QString cfgPath = QDir(folder).filePath(base + QStringLiteral(".cfg"));
+    writeFile(cfgPath, cfg.toUtf8());
+    writeFile(QDir(folder).filePath(base + QStringLiteral(".dat")), dat);
+    return cfgPath;
+}
+
+LoadedRecord loadComtrade(const QString& path)
+{
+    LoadedRecord loaded;
+    ComtradeLoader loader(path, nullptr);
+    loader.setAutoDelete(false);
+    QObject::connect(&loader, &TaskBase::error,
+        [&loaded](QSharedPointer<Exception> exception) { loaded.error = exceptionChainText(*exception); });
+    loader.run();
+    loaded.record = loader.result().oscillogram.dynamicCast<ComtradeOscillogram>();
+    loaded.userSettings = loader.result().userSettings;
+    return loaded;
 }
 
 } // namespace KorvaneTest

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CalcLib/CmrUserSettings.h"
+#include "Model/ComtradeOscillogram.h"
 #include "Model/DataType.h"
 #include "Model/SimpleOscillogram.h"
 
@@ -34,5 +36,22 @@ PreciseDateTime saverBeginTime();
 // Channels "U1".. with units, scale, phases and flags that differ per channel; lines, failures,
 // a power object with one device, and optionally two joined parts. Nothing is selected.
 QSharedPointer<SimpleOscillogram> makeSaverRecord(const SaverRecordDescription& description);
+
+// A small 1999 ASCII set made byte by byte from the format's rules: station "Малая ПС",
+// channels "Ia" (A, ×0.5 +1) and "Ub" (kV, ×0.01), one discrete "Пуск", 10 samples at 1000 Hz.
+// Writes <folder>/<base>.cfg and .dat in UTF-8 and returns the .cfg path.
+QString writeSmallComtradeSet(const QString& folder, const QString& base);
+double smallSetRaw(int sample, int channel);
+bool smallSetBit(int sample);
+constexpr int smallSetSamples = 10;
+
+// What the COMTRADE loader makes of a file, read on the calling thread.
+struct LoadedRecord
+{
+    QSharedPointer<ComtradeOscillogram> record;
+    CMR_USER_SETTINGS userSettings;
+    QString error;
+};
+LoadedRecord loadComtrade(const QString& path);
 
 } // namespace KorvaneTest
