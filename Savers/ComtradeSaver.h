@@ -82,6 +82,7 @@ private:
     QString tempFilePath(const QString& name) const;
     std::vector<ColumnSource> analogSources() const;
     std::vector<ColumnSource> digitalSources() const;
+    bool hasBufferFor(int samples) const;
     int fillSample(ComtradeSample& sample, int recordSample, const std::vector<ColumnSource>& analogs,
         const std::vector<ColumnSource>& digitals) const;
 

@@ -63,6 +63,15 @@ std::vector<ComtradeSaver::ColumnSource> ComtradeSaver::digitalSources() const
         [&record](int i) { return record.digitalChannel(i); });
 }
 
+// Every value of a block is written anew, so a buffer of the same shape serves the next block
+// as it is: the blocks of a long record then cost one allocation instead of one each.
+bool ComtradeSaver::hasBufferFor(int samples) const
+{
+    return m_dataBuffer.blockCount() == 1 && m_dataBuffer.samplesPerBlock() == uint32_t(samples)
+        && m_dataBuffer.analogCount() == m_analogs.size() && m_dataBuffer.digitalCount() == m_digitals.size()
+        && m_dataBuffer.format() == m_format;
+}
+
 int ComtradeSaver::initComtradeData(int block)
 {
     const int samples = countSamples();
@@ -71,12 +80,14 @@ int ComtradeSaver::initComtradeData(int block)
     // The last block runs to the end and takes the remainder.
     const int count = block == m_blockCount - 1 ? samples - m_firstSampleOfBlock : samplesOfBlock;
 
-    m_dataBuffer.clear();
-    if (count <= 0)
+    if (count <= 0) {
+        m_dataBuffer.clear();
         return 0;
-    if (m_dataBuffer.init(
-            1, uint32_t(count), uint32_t(m_analogs.size()), uint32_t(m_digitals.size()), m_format)
-        != 0)
+    }
+    if (!hasBufferFor(count)
+        && m_dataBuffer.init(
+               1, uint32_t(count), uint32_t(m_analogs.size()), uint32_t(m_digitals.size()), m_format)
+            != 0)
         return -1;
     const std::vector<ColumnSource> analogs = analogSources();
     const std::vector<ColumnSource> digitals = digitalSources();
