@@ -1,0 +1,21 @@
+// The batch host: korvane-convert SOURCE DESTINATION converts a record without a window. On
+// failure the reason goes to the error output and the exit code is 1.
+
+#include "Model/EasyLibKorvane.h"
+#include "Savers/Converter.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication app(argc, argv);
+    EasyLibKorvane::initialize();
+    QString error;
+    if (Converter::convertOsc(app.arguments().mid(1), error))
+        return 0;
+    QTextStream err(stderr);
+    err.setCodec("UTF-8");
+    err << error << '\n';
+    return 1;
+}
