@@ -57,7 +57,7 @@ private:
     // store's pointers out of it.
     Q_ALWAYS_INLINE double extremeValue(bool maximum) const
     {
-        const OscillogramData& store = *data();
+        const OscillogramData& store = *this->store();
         const int column = dataOffset();
         switch (dataType()) {
         case DT::Int16:

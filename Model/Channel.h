@@ -51,7 +51,7 @@ public:
     // Inline: plots and calculations read whole columns through it.
     double getValue(int sample, int column) const
     {
-        const OscillogramData* store = m_data.data();
+        const OscillogramData* store = this->store();
         switch (m_dataType) {
         case DT::Int16:
             return store->int16ChannelValue(sample, column);
@@ -67,6 +67,10 @@ public:
             return 0.0;
         }
     }
+
+protected:
+    // The store without a copy of the shared pointer, for reads in column loops.
+    const OscillogramData* store() const { return m_data.data(); }
 
 private:
     int m_physNum = 0;

@@ -75,14 +75,14 @@ public:
         return d->digitalValues.testBit(digitalValueIndex(sample, channel));
     }
 
-    double doubleMinValue(int channel) const { return d->doubleMinValues[channel]; }
-    float floatMinValue(int channel) const { return d->floatMinValues[channel]; }
-    int int32MinValue(int channel) const { return d->int32MinValues[channel]; }
-    short int16MinValue(int channel) const { return d->int16MinValues[channel]; }
-    double doubleMaxValue(int channel) const { return d->doubleMaxValues[channel]; }
-    float floatMaxValue(int channel) const { return d->floatMaxValues[channel]; }
-    int int32MaxValue(int channel) const { return d->int32MaxValues[channel]; }
-    short int16MaxValue(int channel) const { return d->int16MaxValues[channel]; }
+    double doubleMinValue(int channel) const { return d->doubleMinValues.at(channel); }
+    float floatMinValue(int channel) const { return d->floatMinValues.at(channel); }
+    int int32MinValue(int channel) const { return d->int32MinValues.at(channel); }
+    short int16MinValue(int channel) const { return d->int16MinValues.at(channel); }
+    double doubleMaxValue(int channel) const { return d->doubleMaxValues.at(channel); }
+    float floatMaxValue(int channel) const { return d->floatMaxValues.at(channel); }
+    int int32MaxValue(int channel) const { return d->int32MaxValues.at(channel); }
+    short int16MaxValue(int channel) const { return d->int16MaxValues.at(channel); }
 
     const QVector<double>& doubleAnalogValues() const { return d->doubleValues; }
     const QVector<float>& floatAnalogValues() const { return d->floatValues; }
