@@ -11,33 +11,26 @@
 #include <cstring>
 
 namespace {
-// Reads little-endian values from a block in memory; reading past the end gives zeros, as a
-// stream that has run dry does, so a cut last record still counts with zeros in it.
+// Whole records are read in blocks of about this many bytes, so that memory holds the store and
+// one block, never the whole file.
+constexpr qint64 blockBytes = 1 << 20;
+
+// Reads little-endian values of one record; a cut last record is padded with zeros before, as a
+// stream that has run dry reads zeros, so it still counts as a sample.
 class RecordCursor
 {
 public:
-    RecordCursor(const uchar* bytes, qint64 size) : m_bytes(bytes), m_size(size) { }
-    bool atEnd() const { return m_position >= m_size; }
-    qint64 position() const { return m_position; }
+    explicit RecordCursor(const uchar* bytes) : m_bytes(bytes) { }
 
     template<typename T> T read()
     {
-        T value = 0;
-        if (m_position + qint64(sizeof(T)) <= m_size) {
-            value = qFromLittleEndian<T>(m_bytes + m_position);
-        } else if (m_position < m_size) {
-            uchar padded[sizeof(T)] = {};
-            std::memcpy(padded, m_bytes + m_position, size_t(m_size - m_position));
-            value = qFromLittleEndian<T>(padded);
-        }
-        m_position += sizeof(T);
+        const T value = qFromLittleEndian<T>(m_bytes);
+        m_bytes += sizeof(T);
         return value;
     }
 
 private:
     const uchar* m_bytes;
-    qint64 m_size;
-    qint64 m_position = 0;
 };
 
 template<typename T> void readAnalogValues(RecordCursor& cursor, QVector<T>& values, int sample, int channels)
@@ -67,6 +60,19 @@ void readDigitalWords(RecordCursor& cursor, QBitArray& bits, int sample, int cha
             bits.setBit(int(rowStart + channel), (word >> bit) & 1);
     }
 }
+
+// Fills the buffer from the file as far as it goes; fewer bytes than asked only at the end.
+qint64 readBlock(QFile& file, QByteArray& block, qint64 wanted)
+{
+    qint64 filled = 0;
+    while (filled < wanted) {
+        const qint64 got = file.read(block.data() + filled, wanted - filled);
+        if (got <= 0)
+            break;
+        filled += got;
+    }
+    return filled;
+}
 } // namespace
 
 void ComtradeLoader::readDataFile(const QString& path)
@@ -81,7 +87,7 @@ void ComtradeLoader::readBinaryDataFile(const QString& path)
 {
     const QString stage = tr("Чтение файла данных");
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw new LoadFailureException(tr("Невозможно открыть файл с данными"));
     const int analogs = m_oscillogram->countOfAnalogChannels();
     const int digitals = m_oscillogram->countOfDigitalChannels();
@@ -103,78 +109,40 @@ void ComtradeLoader::readBinaryDataFile(const QString& path)
     builder.int32AnalogValues().resize(format == ComtradeDataFormat::Binary32 ? analogs * (estimate + 1) : 0);
     builder.floatAnalogValues().resize(format == ComtradeDataFormat::Float32 ? analogs * (estimate + 1) : 0);
 
-    const uchar* bytes = size > 0 ? file.map(0, size) : nullptr;
-    const QByteArray fallback = (size > 0 && !bytes) ? file.readAll() : QByteArray();
-    RecordCursor cursor(bytes ? bytes : reinterpret_cast<const uchar*>(fallback.constData()), size);
+    const qint64 recordsPerBlock = qMax<qint64>(1, blockBytes / recordSize);
+    QByteArray block(int(recordsPerBlock * recordSize), Qt::Uninitialized);
+    QByteArray padded(int(recordSize), Qt::Uninitialized);
     int count = 0;
-    while (!cursor.atEnd()) {
-        updateProgress(stage, double(cursor.position()) / size);
-        checkCancelled();
-        cursor.read<qint32>();
-        const quint32 stamp = cursor.read<quint32>();
-        if (eventTriggered)
-            m_oscillogram->timeStamps().append(static_cast<long long>(stamp));
-        if (format == ComtradeDataFormat::Binary)
-            readAnalogValues(cursor, builder.int16AnalogValues(), count, analogs);
-        else if (format == ComtradeDataFormat::Binary32)
-            readAnalogValues(cursor, builder.int32AnalogValues(), count, analogs);
-        else
-            readAnalogValues(cursor, builder.floatAnalogValues(), count, analogs);
-        readDigitalWords(cursor, builder.digitalValues(), count, digitals, words);
-        ++count;
-    }
-    attachStore(builder, count);
-}
-
-void ComtradeLoader::readAsciiDataFile(const QString& path)
-{
-    const QString stage = tr("Чтение файла данных");
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        throw new LoadFailureException(QStringLiteral("UnableOpenFileException"));
-    int estimate = 0;
-    {
-        QFile counter(path);
-        if (counter.open(QIODevice::ReadOnly)) {
-            while (!counter.atEnd()) {
-                counter.readLine();
-                ++estimate;
-            }
-        }
-    }
-    const int analogs = m_oscillogram->countOfAnalogChannels();
-    const int digitals = m_oscillogram->countOfDigitalChannels();
-    OscillogramDataBuilder builder;
-    builder.reserve(analogs, 0, 0, 0, digitals, estimate);
-    const bool eventTriggered = m_oscillogram->isEventTriggeredOsc();
-    if (eventTriggered)
-        m_oscillogram->timeStamps().reserve(estimate);
-
-    const qint64 size = file.size();
-    QTextStream stream(&file);
-    CsvParser parser(stream);
-    QVector<double>& values = builder.doubleAnalogValues();
-    QBitArray& bits = builder.digitalValues();
-    int count = 0;
-    while (!parser.atEnd()) {
-        updateProgress(stage, double(stream.pos()) / size);
-        checkCancelled();
-        parser.readLine(ComtradeCFGFields::ChannelOrData);
-        // The old end-of-file mark ends the data.
-        if (parser.checkSubCharacter())
+    qint64 blockStart = 0;
+    while (blockStart < size) {
+        // Never past the size the store was reserved for, should the file grow meanwhile.
+        const qint64 filled = readBlock(file, block, qMin<qint64>(block.size(), size - blockStart));
+        if (filled <= 0)
             break;
-        parser.getInt();
-        const long long stamp = parser.getInt();
-        if (eventTriggered)
-            m_oscillogram->timeStamps().append(stamp);
-        for (int c = 0; c < analogs; ++c)
-            values.append(parser.getDouble());
-        const qint64 rowStart = qint64(count) * digitals;
-        if (bits.size() < rowStart + digitals)
-            bits.resize(int(rowStart + digitals));
-        for (int c = 0; c < digitals; ++c)
-            bits.setBit(int(rowStart + c), parser.getBool(QStringLiteral("1"), QStringLiteral("0")));
-        ++count;
+        for (qint64 offset = 0; offset < filled; offset += recordSize) {
+            updateProgress(stage, double(blockStart + offset) / size);
+            checkCancelled();
+            const uchar* record = reinterpret_cast<const uchar*>(block.constData()) + offset;
+            if (offset + recordSize > filled) {
+                padded.fill(0);
+                std::memcpy(padded.data(), record, size_t(filled - offset));
+                record = reinterpret_cast<const uchar*>(padded.constData());
+            }
+            RecordCursor cursor(record);
+            cursor.read<qint32>();
+            const quint32 stamp = cursor.read<quint32>();
+            if (eventTriggered)
+                m_oscillogram->timeStamps().append(static_cast<long long>(stamp));
+            if (format == ComtradeDataFormat::Binary)
+                readAnalogValues(cursor, builder.int16AnalogValues(), count, analogs);
+            else if (format == ComtradeDataFormat::Binary32)
+                readAnalogValues(cursor, builder.int32AnalogValues(), count, analogs);
+            else
+                readAnalogValues(cursor, builder.floatAnalogValues(), count, analogs);
+            readDigitalWords(cursor, builder.digitalValues(), count, digitals, words);
+            ++count;
+        }
+        blockStart += filled;
     }
     attachStore(builder, count);
 }

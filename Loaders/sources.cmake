@@ -1,5 +1,6 @@
 # Sources of Loaders/, relative to the project root.
 set(KORVANE_LOADERS_SOURCES
+    Loaders/ComtradeAsciiReader.cpp
     Loaders/ComtradeConfigReader.cpp
     Loaders/ComtradeDataFormat.cpp
     Loaders/ComtradeDataReader.cpp

@@ -385,6 +385,93 @@ private slots:
         QCOMPARE(record->digitalChannel(1)->value(1), false);
     }
 
+    void asciiOddFieldsReadAsTheTextParserReads()
+    {
+        QTemporaryDir dir;
+        ComtradeSetDescription set = smallSet(1999, QStringLiteral("ASCII"));
+        set.analogs = 3;
+        set.digitals = 1;
+        QVERIFY(writeFile(dir.filePath(QStringLiteral("o.cfg")), comtradeCfg(set)));
+        QVERIFY(writeFile(dir.filePath(QStringLiteral("o.dat")),
+            "1,0,1E2,-0.5e-1,3,1\n+2,+10, +1.5 ,12345678.5,-0,  0 "
+            "\n3,7,1,2,3,1,ignored,\x1a\n4,0,9,9,9,1\n"));
+        const LoadOutcome outcome = load(dir.filePath(QStringLiteral("o.cfg")));
+        QCOMPARE(errorText(outcome), QString());
+        const auto record = outcome.record();
+        // The third line holds the end mark as a field of its own: the data end before it.
+        QCOMPARE(record->countOfSamples(), 2);
+        QCOMPARE(record->analogChannel(0)->getValue(0), 100.0);
+        QCOMPARE(record->analogChannel(1)->getValue(0), -0.05);
+        QCOMPARE(record->analogChannel(0)->getValue(1), 1.5);
+        QCOMPARE(record->analogChannel(1)->getValue(1), 12345678.5);
+        QCOMPARE(record->analogChannel(2)->getValue(1), 0.0);
+        QCOMPARE(record->digitalChannel(0)->value(0), true);
+        QCOMPARE(record->digitalChannel(0)->value(1), false);
+    }
+
+    void asciiDataFailures_data()
+    {
+        QTest::addColumn<QByteArray>("dat");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("not a number") << QByteArray("1,0,1,2,0,0,0\n2,0,1,2,0,0,0\n3,0,abc,2,0,0,0\n")
+                                      << "В строке 3 неверный тип данных, abc не double";
+        QTest::newRow("a field missing") << QByteArray("1,0,1,2,0,0,0\n2,0,1,2,0,0\n")
+                                         << "В строке 2 отсутствует необходимое количество значений";
+        QTest::newRow("an empty line inside") << QByteArray("1,0,1,2,0,0,0\n\n3,0,1,2,0,0,0\n")
+                                              << "В строке 2 отсутствует необходимое количество значений";
+        QTest::newRow("a bit of 2")
+            << QByteArray("1,0,1,2,0,2,0\n")
+            << "В строке 1 значение \"2\" не булево, потому что не равно ни 1 (принято как "
+               "истина), ни 0 (принято как ложь)";
+        QTest::newRow("a sample number beyond six digits of sense") << QByteArray(
+            "1,0,1,2,0,0,0\nx1234567,0,1,2,0,0,0\n") << "В строке 2 неверный тип данных, x1234567 не int";
+    }
+
+    void asciiDataFailures()
+    {
+        QFETCH(QByteArray, dat);
+        QFETCH(QString, message);
+        QTemporaryDir dir;
+        QVERIFY(writeFile(
+            dir.filePath(QStringLiteral("d.cfg")), comtradeCfg(smallSet(1999, QStringLiteral("ASCII")))));
+        QVERIFY(writeFile(dir.filePath(QStringLiteral("d.dat")), dat));
+        QCOMPARE(errorText(load(dir.filePath(QStringLiteral("d.cfg")))), message);
+    }
+
+    void asciiWithByteOrderMark()
+    {
+        QTemporaryDir dir;
+        const ComtradeSetDescription set = smallSet(1999, QStringLiteral("ASCII"));
+        QVERIFY(writeFile(dir.filePath(QStringLiteral("m.cfg")), comtradeCfg(set)));
+        QVERIFY(writeFile(dir.filePath(QStringLiteral("m.dat")), "\xef\xbb\xbf" + comtradeDat(set)));
+        const auto record = load(dir.filePath(QStringLiteral("m.cfg"))).record();
+        QVERIFY(record);
+        verifySamples(*record, set);
+    }
+
+    void largeFilesAcrossReadBlocks_data()
+    {
+        QTest::addColumn<QString>("format");
+        QTest::newRow("binary") << "BINARY";
+        QTest::newRow("ascii") << "ASCII";
+    }
+
+    void largeFilesAcrossReadBlocks()
+    {
+        QFETCH(QString, format);
+        QTemporaryDir dir;
+        ComtradeSetDescription set = smallSet(1999, format);
+        set.analogs = 2;
+        set.digitals = 1;
+        set.samples = 120000;
+        set.raw = [](int sample, int channel) { return double((sample * 7 + channel * 13) % 20011 - 10000); };
+        set.rates = { { 1000.0, set.samples } };
+        QVERIFY(writeComtradeSet(dir.filePath(QStringLiteral("big")), set));
+        const LoadOutcome outcome = load(dir.filePath(QStringLiteral("big.cfg")));
+        QCOMPARE(errorText(outcome), QString());
+        verifySamples(*outcome.record(), set);
+    }
+
     void binaryOfZeroLengthHasNoSamples()
     {
         QTemporaryDir dir;
