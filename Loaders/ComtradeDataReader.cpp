@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <vector>
 
 namespace {
 // Whole records are read in blocks of about this many bytes, so that memory holds the store and
@@ -33,33 +34,76 @@ private:
     const uchar* m_bytes;
 };
 
-template<typename T> void readAnalogValues(RecordCursor& cursor, QVector<T>& values, int sample, int channels)
+// Appends one record's values; the vector was reserved, so this never reallocates, and only the
+// new row is written, not the whole reserve beforehand.
+template<typename T> void readAnalogValues(RecordCursor& cursor, QVector<T>& values, int channels)
 {
-    T* row = values.data() + qint64(sample) * channels;
+    const int rowStart = values.size();
+    values.resize(rowStart + channels);
+    T* row = values.data() + rowStart;
     for (int c = 0; c < channels; ++c)
         row[c] = cursor.read<T>();
 }
 
-template<>
-void readAnalogValues<float>(RecordCursor& cursor, QVector<float>& values, int sample, int channels)
+template<> void readAnalogValues<float>(RecordCursor& cursor, QVector<float>& values, int channels)
 {
-    float* row = values.data() + qint64(sample) * channels;
+    const int rowStart = values.size();
+    values.resize(rowStart + channels);
+    float* row = values.data() + rowStart;
     for (int c = 0; c < channels; ++c) {
         const quint32 bits = cursor.read<quint32>();
         std::memcpy(&row[c], &bits, sizeof bits);
     }
 }
 
-void readDigitalWords(RecordCursor& cursor, QBitArray& bits, int sample, int channels, int words)
+// The digital values of all records one after the other, as the store keeps them: bit after bit,
+// the lowest first in each byte. Gathered in bytes and handed to the store at the end, since
+// setting bits one by one in the store's own array costs more than reading the record.
+class BitCollector
 {
-    int channel = 0;
-    const qint64 rowStart = qint64(sample) * channels;
-    for (int w = 0; w < words; ++w) {
-        const quint16 word = cursor.read<quint16>();
-        for (int bit = 0; bit < 16 && channel < channels; ++bit, ++channel)
-            bits.setBit(int(rowStart + channel), (word >> bit) & 1);
+public:
+    void reserve(qint64 bits) { m_bytes.reserve(size_t((bits + 7) / 8)); }
+
+    // The first count bits of the record's status words, the lowest bit of each word first.
+    void appendWords(RecordCursor& cursor, int words, int count)
+    {
+        for (int w = 0; w < words; ++w) {
+            const quint16 word = cursor.read<quint16>();
+            const int taken = qMin(16, count - 16 * w);
+            append(word & ((1u << taken) - 1), taken);
+        }
     }
-}
+
+    QBitArray toBitArray()
+    {
+        if (m_pending > 0) {
+            m_bytes.push_back(uchar(m_accumulator));
+            m_accumulator = 0;
+            m_pending = 0;
+        }
+        if (m_total == 0)
+            return QBitArray();
+        return QBitArray::fromBits(reinterpret_cast<const char*>(m_bytes.data()), qsizetype(m_total));
+    }
+
+private:
+    void append(quint32 value, int bits)
+    {
+        m_accumulator |= quint64(value) << m_pending;
+        m_pending += bits;
+        m_total += bits;
+        while (m_pending >= 8) {
+            m_bytes.push_back(uchar(m_accumulator));
+            m_accumulator >>= 8;
+            m_pending -= 8;
+        }
+    }
+
+    std::vector<uchar> m_bytes;
+    quint64 m_accumulator = 0;
+    int m_pending = 0;
+    qint64 m_total = 0;
+};
 
 // Fills the buffer from the file as far as it goes; fewer bytes than asked only at the end.
 qint64 readBlock(QFile& file, QByteArray& block, qint64 wanted)
@@ -104,14 +148,11 @@ void ComtradeLoader::readBinaryDataFile(const QString& path)
     const bool eventTriggered = m_oscillogram->isEventTriggeredOsc();
     if (eventTriggered)
         m_oscillogram->timeStamps().reserve(estimate + 1);
-    // Filled in place up to the estimate, which a cut last record may pass by one.
-    builder.int16AnalogValues().resize(format == ComtradeDataFormat::Binary ? analogs * (estimate + 1) : 0);
-    builder.int32AnalogValues().resize(format == ComtradeDataFormat::Binary32 ? analogs * (estimate + 1) : 0);
-    builder.floatAnalogValues().resize(format == ComtradeDataFormat::Float32 ? analogs * (estimate + 1) : 0);
-
     const qint64 recordsPerBlock = qMax<qint64>(1, blockBytes / recordSize);
     QByteArray block(int(recordsPerBlock * recordSize), Qt::Uninitialized);
     QByteArray padded(int(recordSize), Qt::Uninitialized);
+    BitCollector digitalBits;
+    digitalBits.reserve(qint64(digitals) * (estimate + 1));
     int count = 0;
     qint64 blockStart = 0;
     while (blockStart < size) {
@@ -134,16 +175,17 @@ void ComtradeLoader::readBinaryDataFile(const QString& path)
             if (eventTriggered)
                 m_oscillogram->timeStamps().append(static_cast<long long>(stamp));
             if (format == ComtradeDataFormat::Binary)
-                readAnalogValues(cursor, builder.int16AnalogValues(), count, analogs);
+                readAnalogValues(cursor, builder.int16AnalogValues(), analogs);
             else if (format == ComtradeDataFormat::Binary32)
-                readAnalogValues(cursor, builder.int32AnalogValues(), count, analogs);
+                readAnalogValues(cursor, builder.int32AnalogValues(), analogs);
             else
-                readAnalogValues(cursor, builder.floatAnalogValues(), count, analogs);
-            readDigitalWords(cursor, builder.digitalValues(), count, digitals, words);
+                readAnalogValues(cursor, builder.floatAnalogValues(), analogs);
+            digitalBits.appendWords(cursor, words, digitals);
             ++count;
         }
         blockStart += filled;
     }
+    builder.digitalValues() = digitalBits.toBitArray();
     attachStore(builder, count);
 }
 
