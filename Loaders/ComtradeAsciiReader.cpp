@@ -258,9 +258,11 @@ void ComtradeLoader::readAsciiDataFile(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         throw new LoadFailureException(QStringLiteral("UnableOpenFileException"));
-    const int estimate = countLines(path);
     const int analogs = m_oscillogram->countOfAnalogChannels();
     const int digitals = m_oscillogram->countOfDigitalChannels();
+    // A record that reads holds a comma after each of its fields but the last, and a line end:
+    // a file of many short lines reserves no more records than it can hold.
+    const int estimate = int(qMin<qint64>(countLines(path), file.size() / (analogs + digitals + 2) + 1));
     OscillogramDataBuilder builder;
     builder.reserve(analogs, 0, 0, 0, digitals, estimate);
     const bool eventTriggered = m_oscillogram->isEventTriggeredOsc();

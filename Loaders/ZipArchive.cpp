@@ -168,7 +168,9 @@ bool ZipArchive::extractTo(const QString& destination)
     struct archive_entry* entry = nullptr;
     while (nextHeader(m_archive, &entry)) {
         const QString cleaned = cleanEntryName(currentEntryName(entry));
-        const QString folder = QFileInfo(QDir(destination).filePath(cleaned)).absolutePath();
+        // Joined by hand: QDir::filePath of an empty name is the destination itself, whose folder
+        // is its parent, and a member whose name cleans away would land outside.
+        const QString folder = QFileInfo(destination + QLatin1Char('/') + cleaned).absolutePath();
         if (!QDir().mkpath(folder)) {
             m_error = QStringLiteral("Can't create output subdir");
             return false;

@@ -2,4 +2,5 @@
 set(KORVANE_FUZZERS
     csv_parser
     comtrade_readers
+    comtrade_loader
 )

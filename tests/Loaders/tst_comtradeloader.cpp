@@ -678,6 +678,8 @@ private slots:
         other.raw = [](int, int) { return 3.0; };
         QTest::newRow("two cfg: the later wins") << QList<ZipMember> { { "first.cfg", comtradeCfg(other) },
             { "second.cfg", cfg }, { "x.dat", dat } };
+        QTest::newRow("a member named by blanks only")
+            << QList<ZipMember> { { "r.cfg", cfg }, { "r.dat", dat }, { "  ", "nameless" } };
         QTest::newRow("with hdr and inf") << QList<ZipMember> { { "r.cfg", cfg }, { "r.dat", dat },
             { "r.hdr", "header text" }, { "r.inf", "[Nothing]\n" } };
     }
