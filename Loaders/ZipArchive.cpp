@@ -168,9 +168,9 @@ bool ZipArchive::extractTo(const QString& destination)
     struct archive_entry* entry = nullptr;
     while (nextHeader(m_archive, &entry)) {
         const QString cleaned = cleanEntryName(currentEntryName(entry));
-        // Joined by hand: QDir::filePath of an empty name is the destination itself, whose folder
-        // is its parent, and a member whose name cleans away would land outside.
-        const QString folder = QFileInfo(destination + QLatin1Char('/') + cleaned).absolutePath();
+        // The slash is cleaned away, so every member's folder is the destination itself. Taken
+        // from the joined path instead, a member named "." or ".." (or nothing) would land above it.
+        const QString folder = destination;
         if (!QDir().mkpath(folder)) {
             m_error = QStringLiteral("Can't create output subdir");
             return false;

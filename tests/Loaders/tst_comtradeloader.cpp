@@ -680,6 +680,8 @@ private slots:
             { "second.cfg", cfg }, { "x.dat", dat } };
         QTest::newRow("a member named by blanks only")
             << QList<ZipMember> { { "r.cfg", cfg }, { "r.dat", dat }, { "  ", "nameless" } };
+        QTest::newRow("members named dot and dot-dot")
+            << QList<ZipMember> { { "r.cfg", cfg }, { "r.dat", dat }, { ".", "dot" }, { "..", "dots" } };
         QTest::newRow("with hdr and inf") << QList<ZipMember> { { "r.cfg", cfg }, { "r.dat", dat },
             { "r.hdr", "header text" }, { "r.inf", "[Nothing]\n" } };
     }
