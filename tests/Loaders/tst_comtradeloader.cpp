@@ -1,4 +1,5 @@
 #include "ComtradeFixture.h"
+#include "ExactCompare.h"
 #include "FixtureFiles.h"
 #include "ZipFixture.h"
 
@@ -87,13 +88,15 @@ void verifySamples(const ComtradeOscillogram& record, const ComtradeSetDescripti
         QCOMPARE(channel->unit(), set.unitText(c));
         const double a = set.multiplierText(c).toDouble();
         const double b = set.offsetText(c).toDouble();
-        QCOMPARE(channel->multiplier(), a);
-        QCOMPARE(channel->offsetAdder(), b);
+        KORVANE_COMPARE_EXACTLY(channel->multiplier(), a);
+        KORVANE_COMPARE_EXACTLY(channel->offsetAdder(), b);
         for (int s = 0; s < set.samples; ++s) {
             const double raw = storedRaw(set, s, c);
-            QCOMPARE(channel->getValue(s), raw);
-            // Exact: the physical value is raw * a + b in double, as any reader computes it.
-            QCOMPARE(channel->getRealValue(channel->getValue(s)), raw * a + b);
+            KORVANE_COMPARE_EXACTLY(channel->getValue(s), raw);
+            // The physical value is raw * a + b in double, as any reader computes it.
+            KORVANE_COMPARE_EXACTLY(channel->getRealValue(channel->getValue(s)), raw * a + b);
+            if (QTest::currentTestFailed())
+                return;
         }
     }
     for (int c = 0; c < set.digitals; ++c) {
@@ -162,7 +165,7 @@ private slots:
         verifySamples(*record, set);
         QCOMPARE(record->version().value(), year == 0 ? 1991 : year);
         QCOMPARE(record->dataFormat().toString().toLower(), format.toLower());
-        QCOMPARE(record->sampleRate(), 1000.0);
+        KORVANE_COMPARE_EXACTLY(record->sampleRate(), 1000.0);
         QVERIFY(!record->isEventTriggeredOsc());
         QCOMPARE(record->stationName(), set.station);
         QCOMPARE(record->deviceName(), set.device);
@@ -259,7 +262,7 @@ private slots:
             const LoadOutcome outcome = load(dir.filePath(QStringLiteral("r.cfg")));
             QCOMPARE(errorText(outcome), QString());
             const auto record = outcome.record();
-            QCOMPARE(record->sampleRate(), expectedRate);
+            KORVANE_COMPARE_EXACTLY(record->sampleRate(), expectedRate);
             QCOMPARE(record->isEventTriggeredOsc(), eventTriggered);
             QCOMPARE(record->timeStamps().size(), eventTriggered ? set.samples : 0);
             if (eventTriggered) {
@@ -375,10 +378,10 @@ private slots:
         const auto record = load(dir.filePath(QStringLiteral("e.cfg"))).record();
         QVERIFY(record);
         QCOMPARE(record->countOfSamples(), 2);
-        QCOMPARE(record->analogChannel(0)->getValue(0), 0.0);
-        QCOMPARE(record->analogChannel(1)->getValue(0), 7.5);
-        QCOMPARE(record->analogChannel(0)->getValue(1), 99999.0);
-        QCOMPARE(record->analogChannel(1)->getValue(1), -2.0);
+        KORVANE_COMPARE_EXACTLY(record->analogChannel(0)->getValue(0), 0.0);
+        KORVANE_COMPARE_EXACTLY(record->analogChannel(1)->getValue(0), 7.5);
+        KORVANE_COMPARE_EXACTLY(record->analogChannel(0)->getValue(1), 99999.0);
+        KORVANE_COMPARE_EXACTLY(record->analogChannel(1)->getValue(1), -2.0);
         QCOMPARE(record->digitalChannel(0)->value(0), false);
         QCOMPARE(record->digitalChannel(1)->value(0), true);
         QCOMPARE(record->digitalChannel(0)->value(1), true);
@@ -400,11 +403,11 @@ private slots:
         const auto record = outcome.record();
         // The third line holds the end mark as a field of its own: the data end before it.
         QCOMPARE(record->countOfSamples(), 2);
-        QCOMPARE(record->analogChannel(0)->getValue(0), 100.0);
-        QCOMPARE(record->analogChannel(1)->getValue(0), -0.05);
-        QCOMPARE(record->analogChannel(0)->getValue(1), 1.5);
-        QCOMPARE(record->analogChannel(1)->getValue(1), 12345678.5);
-        QCOMPARE(record->analogChannel(2)->getValue(1), 0.0);
+        KORVANE_COMPARE_EXACTLY(record->analogChannel(0)->getValue(0), 100.0);
+        KORVANE_COMPARE_EXACTLY(record->analogChannel(1)->getValue(0), -0.05);
+        KORVANE_COMPARE_EXACTLY(record->analogChannel(0)->getValue(1), 1.5);
+        KORVANE_COMPARE_EXACTLY(record->analogChannel(1)->getValue(1), 12345678.5);
+        KORVANE_COMPARE_EXACTLY(record->analogChannel(2)->getValue(1), 0.0);
         QCOMPARE(record->digitalChannel(0)->value(0), true);
         QCOMPARE(record->digitalChannel(0)->value(1), false);
     }
@@ -496,8 +499,8 @@ private slots:
         const auto record = load(dir.filePath(QStringLiteral("p.cfg"))).record();
         QVERIFY(record);
         QCOMPARE(record->countOfSamples(), 5);
-        QCOMPARE(record->analogChannel(0)->getValue(4), 7.0);
-        QCOMPARE(record->analogChannel(1)->getValue(4), 0.0);
+        KORVANE_COMPARE_EXACTLY(record->analogChannel(0)->getValue(4), 7.0);
+        KORVANE_COMPARE_EXACTLY(record->analogChannel(1)->getValue(4), 0.0);
         for (int c = 0; c < set.digitals; ++c)
             QCOMPARE(record->digitalChannel(c)->value(4), false);
     }

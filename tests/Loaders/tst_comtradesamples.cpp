@@ -1,5 +1,6 @@
 // Public COMTRADE sets from real relays and recorders, read where they lie (KORVANE_SAMPLES), each
 // checked against the values an independent reader found in it.
+#include "ExactCompare.h"
 #include "FixtureFiles.h"
 
 #include "Loaders/ComtradeLoader.h"
@@ -81,17 +82,17 @@ void verifyAnalog(const AnalogChannel& channel, const QJsonObject& expected, int
     // The unit "none", in any case, is kept as no unit.
     const QString unit = expected.value(QStringLiteral("unit")).toString();
     QCOMPARE(channel.unit(), unit.toLower() == QLatin1String("none") ? QString() : unit);
-    QCOMPARE(channel.multiplier(), expected.value(QStringLiteral("a")).toDouble());
-    QCOMPARE(channel.offsetAdder(), expected.value(QStringLiteral("b")).toDouble());
+    KORVANE_COMPARE_EXACTLY(channel.multiplier(), expected.value(QStringLiteral("a")).toDouble());
+    KORVANE_COMPARE_EXACTLY(channel.offsetAdder(), expected.value(QStringLiteral("b")).toDouble());
     const QJsonObject want = expected.value(QStringLiteral("stats")).toObject();
     const Stats got = analogStats(channel, records);
     const QJsonArray first = want.value(QStringLiteral("first")).toArray();
     QCOMPARE(got.first.size(), first.size());
     for (int i = 0; i < first.size(); ++i)
-        QCOMPARE(got.first.at(i), first.at(i).toDouble());
-    QCOMPARE(got.last, want.value(QStringLiteral("last")).toDouble());
-    QCOMPARE(got.min, want.value(QStringLiteral("min")).toDouble());
-    QCOMPARE(got.max, want.value(QStringLiteral("max")).toDouble());
+        KORVANE_COMPARE_EXACTLY(got.first.at(i), first.at(i).toDouble());
+    KORVANE_COMPARE_EXACTLY(got.last, want.value(QStringLiteral("last")).toDouble());
+    KORVANE_COMPARE_EXACTLY(got.min, want.value(QStringLiteral("min")).toDouble());
+    KORVANE_COMPARE_EXACTLY(got.max, want.value(QStringLiteral("max")).toDouble());
     const double sum = want.value(QStringLiteral("sum")).toDouble();
     // The order of summation may change the last bits only.
     QVERIFY2(std::abs(got.sum - sum) <= 1e-12 * std::max(1.0, std::abs(sum)),
@@ -149,7 +150,7 @@ private slots:
         QCOMPARE(record->countOfSamples(), entry.value(QStringLiteral("sample_count")).toInt());
         const int nrates = entry.value(QStringLiteral("nrates")).toInt();
         const double rate = entry.value(QStringLiteral("first_rate")).toDouble();
-        QCOMPARE(record->sampleRate(), rate);
+        KORVANE_COMPARE_EXACTLY(record->sampleRate(), rate);
         QCOMPARE(record->isEventTriggeredOsc(), nrates == 0 && rate == 0.0);
         QCOMPARE(record->dataFormat().toString().toUpper(),
             entry.value(QStringLiteral("data_format")).toString().toUpper());
