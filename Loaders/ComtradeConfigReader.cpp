@@ -49,7 +49,9 @@ void ComtradeLoader::parseConfigFile(CsvParser& parser)
 
     parser.readLine(ComtradeCFGFields::StationDeviceYear);
     m_oscillogram->setStationName(parser.getString());
-    m_oscillogram->setRecordingDeviceId(parser.getString());
+    // A line with the station alone is taken as it is; the lines after it tell what is wrong.
+    if (parser.hasNextToken())
+        m_oscillogram->setRecordingDeviceId(parser.getString());
     m_oscillogram->setVersion(
         parser.hasNextToken() ? ComtradeVersion(parser.getString()) : ComtradeVersion(1991));
 

@@ -9,63 +9,113 @@
 
 #include <cmath>
 #include <cstring>
+#include <vector>
 
 namespace {
-// Reads little-endian values from a block in memory; reading past the end gives zeros, as a
-// stream that has run dry does, so a cut last record still counts with zeros in it.
+// Whole records are read in blocks of about this many bytes, so that memory holds the store and
+// one block, never the whole file.
+constexpr qint64 blockBytes = 1 << 20;
+
+// Reads little-endian values of one record; a cut last record is padded with zeros before, as a
+// stream that has run dry reads zeros, so it still counts as a sample.
 class RecordCursor
 {
 public:
-    RecordCursor(const uchar* bytes, qint64 size) : m_bytes(bytes), m_size(size) { }
-    bool atEnd() const { return m_position >= m_size; }
-    qint64 position() const { return m_position; }
+    explicit RecordCursor(const uchar* bytes) : m_bytes(bytes) { }
 
     template<typename T> T read()
     {
-        T value = 0;
-        if (m_position + qint64(sizeof(T)) <= m_size) {
-            value = qFromLittleEndian<T>(m_bytes + m_position);
-        } else if (m_position < m_size) {
-            uchar padded[sizeof(T)] = {};
-            std::memcpy(padded, m_bytes + m_position, size_t(m_size - m_position));
-            value = qFromLittleEndian<T>(padded);
-        }
-        m_position += sizeof(T);
+        const T value = qFromLittleEndian<T>(m_bytes);
+        m_bytes += sizeof(T);
         return value;
     }
 
 private:
     const uchar* m_bytes;
-    qint64 m_size;
-    qint64 m_position = 0;
 };
 
-template<typename T> void readAnalogValues(RecordCursor& cursor, QVector<T>& values, int sample, int channels)
+// Appends one record's values; the vector was reserved, so this never reallocates, and only the
+// new row is written, not the whole reserve beforehand.
+template<typename T> void readAnalogValues(RecordCursor& cursor, QVector<T>& values, int channels)
 {
-    T* row = values.data() + qint64(sample) * channels;
+    const int rowStart = values.size();
+    values.resize(rowStart + channels);
+    T* row = values.data() + rowStart;
     for (int c = 0; c < channels; ++c)
         row[c] = cursor.read<T>();
 }
 
-template<>
-void readAnalogValues<float>(RecordCursor& cursor, QVector<float>& values, int sample, int channels)
+template<> void readAnalogValues<float>(RecordCursor& cursor, QVector<float>& values, int channels)
 {
-    float* row = values.data() + qint64(sample) * channels;
+    const int rowStart = values.size();
+    values.resize(rowStart + channels);
+    float* row = values.data() + rowStart;
     for (int c = 0; c < channels; ++c) {
         const quint32 bits = cursor.read<quint32>();
         std::memcpy(&row[c], &bits, sizeof bits);
     }
 }
 
-void readDigitalWords(RecordCursor& cursor, QBitArray& bits, int sample, int channels, int words)
+// The digital values of all records one after the other, as the store keeps them: bit after bit,
+// the lowest first in each byte. Gathered in bytes and handed to the store at the end, since
+// setting bits one by one in the store's own array costs more than reading the record.
+class BitCollector
 {
-    int channel = 0;
-    const qint64 rowStart = qint64(sample) * channels;
-    for (int w = 0; w < words; ++w) {
-        const quint16 word = cursor.read<quint16>();
-        for (int bit = 0; bit < 16 && channel < channels; ++bit, ++channel)
-            bits.setBit(int(rowStart + channel), (word >> bit) & 1);
+public:
+    void reserve(qint64 bits) { m_bytes.reserve(size_t((bits + 7) / 8)); }
+
+    // The first count bits of the record's status words, the lowest bit of each word first.
+    void appendWords(RecordCursor& cursor, int words, int count)
+    {
+        for (int w = 0; w < words; ++w) {
+            const quint16 word = cursor.read<quint16>();
+            const int taken = qMin(16, count - 16 * w);
+            append(word & ((1u << taken) - 1), taken);
+        }
     }
+
+    QBitArray toBitArray()
+    {
+        if (m_pending > 0) {
+            m_bytes.push_back(uchar(m_accumulator));
+            m_accumulator = 0;
+            m_pending = 0;
+        }
+        if (m_total == 0)
+            return QBitArray();
+        return QBitArray::fromBits(reinterpret_cast<const char*>(m_bytes.data()), qsizetype(m_total));
+    }
+
+private:
+    void append(quint32 value, int bits)
+    {
+        m_accumulator |= quint64(value) << m_pending;
+        m_pending += bits;
+        m_total += bits;
+        while (m_pending >= 8) {
+            m_bytes.push_back(uchar(m_accumulator));
+            m_accumulator >>= 8;
+            m_pending -= 8;
+        }
+    }
+
+    std::vector<uchar> m_bytes;
+    quint64 m_accumulator = 0;
+    int m_pending = 0;
+    qint64 m_total = 0;
+};
+
+// Fills the buffer from the file as far as it goes; fewer bytes than asked only at the end.
+qint64 readBlock(QFile& file, QByteArray& block, qint64 wanted)
+{
+    qint64 filled = 0;
+    while (filled < wanted) {
+        const qint64 got = file.read(block.data() + filled, wanted - filled);
+        if (got <= 0)
+            break;
+        filled += got;
+    }
+    return filled;
 }
 } // namespace
 
@@ -81,7 +131,7 @@ void ComtradeLoader::readBinaryDataFile(const QString& path)
 {
     const QString stage = tr("Чтение файла данных");
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw new LoadFailureException(tr("Невозможно открыть файл с данными"));
     const int analogs = m_oscillogram->countOfAnalogChannels();
     const int digitals = m_oscillogram->countOfDigitalChannels();
@@ -98,84 +148,44 @@ void ComtradeLoader::readBinaryDataFile(const QString& path)
     const bool eventTriggered = m_oscillogram->isEventTriggeredOsc();
     if (eventTriggered)
         m_oscillogram->timeStamps().reserve(estimate + 1);
-    // Filled in place up to the estimate, which a cut last record may pass by one.
-    builder.int16AnalogValues().resize(format == ComtradeDataFormat::Binary ? analogs * (estimate + 1) : 0);
-    builder.int32AnalogValues().resize(format == ComtradeDataFormat::Binary32 ? analogs * (estimate + 1) : 0);
-    builder.floatAnalogValues().resize(format == ComtradeDataFormat::Float32 ? analogs * (estimate + 1) : 0);
-
-    const uchar* bytes = size > 0 ? file.map(0, size) : nullptr;
-    const QByteArray fallback = (size > 0 && !bytes) ? file.readAll() : QByteArray();
-    RecordCursor cursor(bytes ? bytes : reinterpret_cast<const uchar*>(fallback.constData()), size);
+    const qint64 recordsPerBlock = qMax<qint64>(1, blockBytes / recordSize);
+    QByteArray block(int(recordsPerBlock * recordSize), Qt::Uninitialized);
+    QByteArray padded(int(recordSize), Qt::Uninitialized);
+    BitCollector digitalBits;
+    digitalBits.reserve(qint64(digitals) * (estimate + 1));
     int count = 0;
-    while (!cursor.atEnd()) {
-        updateProgress(stage, double(cursor.position()) / size);
-        checkCancelled();
-        cursor.read<qint32>();
-        const quint32 stamp = cursor.read<quint32>();
-        if (eventTriggered)
-            m_oscillogram->timeStamps().append(static_cast<long long>(stamp));
-        if (format == ComtradeDataFormat::Binary)
-            readAnalogValues(cursor, builder.int16AnalogValues(), count, analogs);
-        else if (format == ComtradeDataFormat::Binary32)
-            readAnalogValues(cursor, builder.int32AnalogValues(), count, analogs);
-        else
-            readAnalogValues(cursor, builder.floatAnalogValues(), count, analogs);
-        readDigitalWords(cursor, builder.digitalValues(), count, digitals, words);
-        ++count;
-    }
-    attachStore(builder, count);
-}
-
-void ComtradeLoader::readAsciiDataFile(const QString& path)
-{
-    const QString stage = tr("Чтение файла данных");
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        throw new LoadFailureException(QStringLiteral("UnableOpenFileException"));
-    int estimate = 0;
-    {
-        QFile counter(path);
-        if (counter.open(QIODevice::ReadOnly)) {
-            while (!counter.atEnd()) {
-                counter.readLine();
-                ++estimate;
-            }
-        }
-    }
-    const int analogs = m_oscillogram->countOfAnalogChannels();
-    const int digitals = m_oscillogram->countOfDigitalChannels();
-    OscillogramDataBuilder builder;
-    builder.reserve(analogs, 0, 0, 0, digitals, estimate);
-    const bool eventTriggered = m_oscillogram->isEventTriggeredOsc();
-    if (eventTriggered)
-        m_oscillogram->timeStamps().reserve(estimate);
-
-    const qint64 size = file.size();
-    QTextStream stream(&file);
-    CsvParser parser(stream);
-    QVector<double>& values = builder.doubleAnalogValues();
-    QBitArray& bits = builder.digitalValues();
-    int count = 0;
-    while (!parser.atEnd()) {
-        updateProgress(stage, double(stream.pos()) / size);
-        checkCancelled();
-        parser.readLine(ComtradeCFGFields::ChannelOrData);
-        // The old end-of-file mark ends the data.
-        if (parser.checkSubCharacter())
+    qint64 blockStart = 0;
+    while (blockStart < size) {
+        // Never past the size the store was reserved for, should the file grow meanwhile.
+        const qint64 filled = readBlock(file, block, qMin<qint64>(block.size(), size - blockStart));
+        if (filled <= 0)
             break;
-        parser.getInt();
-        const long long stamp = parser.getInt();
-        if (eventTriggered)
-            m_oscillogram->timeStamps().append(stamp);
-        for (int c = 0; c < analogs; ++c)
-            values.append(parser.getDouble());
-        const qint64 rowStart = qint64(count) * digitals;
-        if (bits.size() < rowStart + digitals)
-            bits.resize(int(rowStart + digitals));
-        for (int c = 0; c < digitals; ++c)
-            bits.setBit(int(rowStart + c), parser.getBool(QStringLiteral("1"), QStringLiteral("0")));
-        ++count;
+        for (qint64 offset = 0; offset < filled; offset += recordSize) {
+            updateProgress(stage, double(blockStart + offset) / size);
+            checkCancelled();
+            const uchar* record = reinterpret_cast<const uchar*>(block.constData()) + offset;
+            if (offset + recordSize > filled) {
+                padded.fill(0);
+                std::memcpy(padded.data(), record, size_t(filled - offset));
+                record = reinterpret_cast<const uchar*>(padded.constData());
+            }
+            RecordCursor cursor(record);
+            cursor.read<qint32>();
+            const quint32 stamp = cursor.read<quint32>();
+            if (eventTriggered)
+                m_oscillogram->timeStamps().append(static_cast<long long>(stamp));
+            if (format == ComtradeDataFormat::Binary)
+                readAnalogValues(cursor, builder.int16AnalogValues(), analogs);
+            else if (format == ComtradeDataFormat::Binary32)
+                readAnalogValues(cursor, builder.int32AnalogValues(), analogs);
+            else
+                readAnalogValues(cursor, builder.floatAnalogValues(), analogs);
+            digitalBits.appendWords(cursor, words, digitals);
+            ++count;
+        }
+        blockStart += filled;
     }
+    builder.digitalValues() = digitalBits.toBitArray();
     attachStore(builder, count);
 }
 

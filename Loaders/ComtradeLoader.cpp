@@ -80,8 +80,9 @@ void ComtradeLoader::loadUnzipped(const QString& cfgName)
 {
     const QFileInfo cfgInfo(cfgName);
     // Every file that begins with the base name takes part, not only its exact namesakes.
-    const QFileInfoList entries = cfgInfo.absoluteDir().entryInfoList(
-        { cfgInfo.completeBaseName() + QLatin1Char('*') }, QDir::Files, QDir::Name | QDir::IgnoreCase);
+    const QFileInfoList entries
+        = cfgInfo.absoluteDir().entryInfoList({ cfgInfo.completeBaseName() + QLatin1Char('*') },
+            QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
 
     QStringList textFiles;
     for (const QFileInfo& entry : entries) {

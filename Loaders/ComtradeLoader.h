@@ -8,6 +8,7 @@
 
 class CsvParser;
 class CsvStringParser;
+class QFile;
 class QTextCodec;
 
 // Reads a COMTRADE set (.cfg, .dat, and the optional .hdr and .inf), loose or in a .zip, into a
@@ -44,6 +45,9 @@ private:
     void readDataFile(const QString& path);
     void readBinaryDataFile(const QString& path);
     void readAsciiDataFile(const QString& path);
+    void readAsciiDataStream(QFile& file, OscillogramDataBuilder& builder);
+    // False at the line that ends the data.
+    bool readAsciiRecord(CsvStringParser& parser, OscillogramDataBuilder& builder, int sample);
     void attachStore(OscillogramDataBuilder& builder, int samples);
 
     void readHeaderFile(const QString& path);

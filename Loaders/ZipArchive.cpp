@@ -168,7 +168,9 @@ bool ZipArchive::extractTo(const QString& destination)
     struct archive_entry* entry = nullptr;
     while (nextHeader(m_archive, &entry)) {
         const QString cleaned = cleanEntryName(currentEntryName(entry));
-        const QString folder = QFileInfo(QDir(destination).filePath(cleaned)).absolutePath();
+        // The slash is cleaned away, so every member's folder is the destination itself. Taken
+        // from the joined path instead, a member named "." or ".." (or nothing) would land above it.
+        const QString folder = destination;
         if (!QDir().mkpath(folder)) {
             m_error = QStringLiteral("Can't create output subdir");
             return false;

@@ -1,6 +1,7 @@
 # Sources of Loaders/, relative to the project root.
 set(KORVANE_LOADERS_SOURCES
     Loaders/ClcLoader.cpp
+    Loaders/ComtradeAsciiReader.cpp
     Loaders/ComtradeConfigReader.cpp
     Loaders/ComtradeDataFormat.cpp
     Loaders/ComtradeDataReader.cpp

@@ -6,4 +6,5 @@ set(KORVANE_FUZZERS
     descriptionfile
     calcwindow
     wv2_loader
+    comtrade_loader
 )

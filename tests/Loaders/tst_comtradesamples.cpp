@@ -1,0 +1,217 @@
+// Public COMTRADE sets from real relays and recorders, read where they lie (KORVANE_SAMPLES), each
+// checked against the values an independent reader found in it.
+#include "ExactCompare.h"
+#include "FixtureFiles.h"
+
+#include "Loaders/ComtradeLoader.h"
+#include "Model/EasyLibKorvane.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <cmath>
+
+namespace {
+QJsonArray manifestSets()
+{
+    const QString dir = KorvaneTest::samplesDir();
+    if (dir.isEmpty())
+        return {};
+    return QJsonDocument::fromJson(KorvaneTest::readFile(dir + QStringLiteral("/manifest.json")))
+        .object()
+        .value(QStringLiteral("sets"))
+        .toArray();
+}
+
+QString setPath(const QJsonObject& entry)
+{
+    const QString dir = KorvaneTest::samplesDir();
+    const QString cfg = entry.value(QStringLiteral("cfg")).toString();
+    return dir + QLatin1Char('/') + (cfg.isEmpty() ? entry.value(QStringLiteral("zip")).toString() : cfg);
+}
+
+void closeNextMessageBox(QString& text)
+{
+    QTimer::singleShot(0, [&text] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box) {
+            closeNextMessageBox(text);
+            return;
+        }
+        text = box->text();
+        box->button(QMessageBox::Ok)->click();
+    });
+}
+
+struct Stats
+{
+    QList<double> first;
+    double last = 0.0;
+    double min = INFINITY;
+    double max = -INFINITY;
+    double sum = 0.0;
+};
+
+Stats analogStats(const AnalogChannel& channel, int records)
+{
+    Stats stats;
+    for (int s = 0; s < records; ++s) {
+        const double value = channel.getRealValue(channel.getValue(s));
+        if (s < 3)
+            stats.first.append(value);
+        stats.last = value;
+        stats.min = std::min(stats.min, value);
+        stats.max = std::max(stats.max, value);
+        stats.sum += value;
+    }
+    return stats;
+}
+
+void verifyAnalog(const AnalogChannel& channel, const QJsonObject& expected, int records)
+{
+    if (expected.value(QStringLiteral("name_is_ascii")).toBool())
+        QCOMPARE(channel.name(), expected.value(QStringLiteral("name")).toString());
+    // The unit "none", in any case, is kept as no unit.
+    const QString unit = expected.value(QStringLiteral("unit")).toString();
+    QCOMPARE(channel.unit(), unit.toLower() == QLatin1String("none") ? QString() : unit);
+    KORVANE_COMPARE_EXACTLY(channel.multiplier(), expected.value(QStringLiteral("a")).toDouble());
+    KORVANE_COMPARE_EXACTLY(channel.offsetAdder(), expected.value(QStringLiteral("b")).toDouble());
+    const QJsonObject want = expected.value(QStringLiteral("stats")).toObject();
+    const Stats got = analogStats(channel, records);
+    const QJsonArray first = want.value(QStringLiteral("first")).toArray();
+    QCOMPARE(got.first.size(), first.size());
+    for (int i = 0; i < first.size(); ++i)
+        KORVANE_COMPARE_EXACTLY(got.first.at(i), first.at(i).toDouble());
+    KORVANE_COMPARE_EXACTLY(got.last, want.value(QStringLiteral("last")).toDouble());
+    KORVANE_COMPARE_EXACTLY(got.min, want.value(QStringLiteral("min")).toDouble());
+    KORVANE_COMPARE_EXACTLY(got.max, want.value(QStringLiteral("max")).toDouble());
+    const double sum = want.value(QStringLiteral("sum")).toDouble();
+    // The order of summation may change the last bits only.
+    QVERIFY2(std::abs(got.sum - sum) <= 1e-12 * std::max(1.0, std::abs(sum)),
+        qPrintable(QStringLiteral("%1 against %2").arg(got.sum, 0, 'g', 17).arg(sum, 0, 'g', 17)));
+}
+
+void verifyDigital(const DigitalChannel& channel, const QJsonObject& expected, int records)
+{
+    if (expected.value(QStringLiteral("name_is_ascii")).toBool())
+        QCOMPARE(channel.name(), expected.value(QStringLiteral("name")).toString());
+    int ones = 0;
+    int changes = 0;
+    for (int s = 0; s < records; ++s) {
+        ones += channel.value(s) ? 1 : 0;
+        if (s > 0 && channel.value(s) != channel.value(s - 1))
+            ++changes;
+    }
+    QCOMPARE(ones, expected.value(QStringLiteral("ones")).toInt());
+    QCOMPARE(channel.value(0) ? 1 : 0, expected.value(QStringLiteral("first")).toInt());
+    QCOMPARE(changes, expected.value(QStringLiteral("changes")).toInt());
+}
+} // namespace
+
+class TestComtradeSamples : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        EasyLibKorvane::initialize();
+        if (KorvaneTest::samplesDir().isEmpty())
+            QSKIP("KORVANE_SAMPLES names no folder of samples");
+    }
+
+    void samplesOpen_data() { addRows(QStringLiteral("opens")); }
+
+    void samplesOpen()
+    {
+        QFETCH(QJsonObject, entry);
+        QTemporaryDir temp;
+        const QByteArray oldTemp = qgetenv("TMPDIR");
+        qputenv("TMPDIR", temp.path().toLocal8Bit());
+        QString errorText;
+        const auto record
+            = EasyLibKorvane::open(setPath(entry), errorText).dynamicCast<ComtradeOscillogram>();
+        qputenv("TMPDIR", oldTemp);
+        QVERIFY(record);
+        QCOMPARE(QDir(temp.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+
+        const int analogs = entry.value(QStringLiteral("analog_count")).toInt();
+        const int digitals = entry.value(QStringLiteral("digital_count")).toInt();
+        QCOMPARE(record->countOfAnalogChannels(), analogs);
+        QCOMPARE(record->countOfDigitalChannels(), digitals);
+        // A partial last record counts, filled with zeros.
+        QCOMPARE(record->countOfSamples(), entry.value(QStringLiteral("sample_count")).toInt());
+        const int nrates = entry.value(QStringLiteral("nrates")).toInt();
+        const double rate = entry.value(QStringLiteral("first_rate")).toDouble();
+        KORVANE_COMPARE_EXACTLY(record->sampleRate(), rate);
+        QCOMPARE(record->isEventTriggeredOsc(), nrates == 0 && rate == 0.0);
+        QCOMPARE(record->dataFormat().toString().toUpper(),
+            entry.value(QStringLiteral("data_format")).toString().toUpper());
+        const QString revision = entry.value(QStringLiteral("revision")).toString();
+        QCOMPARE(record->version().value(), revision.isEmpty() ? 1991 : revision.toInt());
+
+        const int records = entry.value(QStringLiteral("complete_records")).toInt();
+        const QJsonArray analogList = entry.value(QStringLiteral("analog")).toArray();
+        for (int c = 0; c < analogs; ++c) {
+            verifyAnalog(*record->analogChannel(c), analogList.at(c).toObject(), records);
+            if (QTest::currentTestFailed())
+                QFAIL(qPrintable(QStringLiteral("analogue channel %1").arg(c)));
+        }
+        const QJsonArray digitalList = entry.value(QStringLiteral("digital")).toArray();
+        for (int c = 0; c < digitals; ++c) {
+            verifyDigital(*record->digitalChannel(c), digitalList.at(c).toObject(), records);
+            if (QTest::currentTestFailed())
+                QFAIL(qPrintable(QStringLiteral("digital channel %1").arg(c)));
+        }
+    }
+
+    void samplesAreRefused_data() { addRows(QStringLiteral("fails")); }
+
+    void samplesAreRefused()
+    {
+        QFETCH(QJsonObject, entry);
+        QTemporaryDir temp;
+        const QByteArray oldTemp = qgetenv("TMPDIR");
+        qputenv("TMPDIR", temp.path().toLocal8Bit());
+        QString errorText;
+        const bool synchronousIsNull = EasyLibKorvane::open(setPath(entry), errorText).isNull();
+        QString boxText;
+        closeNextMessageBox(boxText);
+        bool called = false;
+        const bool opened
+            = EasyLibKorvane::open(setPath(entry), nullptr, [&called](LoaderResult&) { called = true; });
+        qputenv("TMPDIR", oldTemp);
+        QVERIFY(synchronousIsNull);
+        QCOMPARE(errorText, QString());
+        QVERIFY(!opened);
+        QVERIFY(!called);
+        QCOMPARE(boxText, entry.value(QStringLiteral("spec_message")).toString());
+        QCOMPARE(QDir(temp.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+    }
+
+private:
+    void addRows(const QString& outcome)
+    {
+        QTest::addColumn<QJsonObject>("entry");
+        const QJsonArray sets = manifestSets();
+        for (const QJsonValue& value : sets) {
+            const QJsonObject entry = value.toObject();
+            if (entry.value(QStringLiteral("spec_outcome")).toString() != outcome)
+                continue;
+            const QString name = entry.contains(QStringLiteral("zip"))
+                ? entry.value(QStringLiteral("zip")).toString()
+                : entry.value(QStringLiteral("cfg")).toString();
+            QTest::newRow(qPrintable(name)) << entry;
+        }
+    }
+};
+
+QTEST_MAIN(TestComtradeSamples)
+#include "tst_comtradesamples.moc"
