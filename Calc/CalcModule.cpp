@@ -24,10 +24,6 @@ int32_t roundToCell(double value)
     return truncateToInt(value >= 0.0 ? value + 0.5 : value - 0.5);
 }
 
-double channelValue(const AnalogChannel& channel, int sample)
-{
-    return channel.data() ? channel.getValue(sample) : 0.0;
-}
 } // namespace
 
 CalcModule::CalcModule() : m_lineCalc(QSharedPointer<LineCalc>::create())
@@ -101,8 +97,11 @@ void CalcModule::generateBuffer(const CalcModuleParams& params)
     const int start = std::max(m_devConfig.windowSamples, params.sampleIndex) - m_devConfig.windowSamples;
     const AnalogChannel& channel = *params.channel;
     int32_t* const* cells = buffer[0];
+    // A channel without a store reads as zeros; the test stays out of the loop, where taking the
+    // shared store would cost two atomic operations a sample.
+    const bool hasStore = !channel.data().isNull();
     for (int j = 0; j < window; ++j)
-        *cells[j] = roundToCell(channelValue(channel, start + j));
+        *cells[j] = hasStore ? roundToCell(channel.getValue(start + j)) : 0;
 }
 
 CalcParameters CalcModule::calculate(const CalcModuleParams& params)
