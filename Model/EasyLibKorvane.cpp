@@ -7,6 +7,7 @@
 #include "Model/Oscillograms.h"
 #include "Model/ProgressDialog.h"
 
+#include <QCoreApplication>
 #include <QMessageBox>
 #include <QThreadPool>
 
@@ -87,6 +88,11 @@ bool EasyLibKorvane::open(
     });
     QThreadPool::globalInstance()->start(loader, 0);
     dialog->exec();
+    // The worker posts accept() and the closure one after the other; when the loop is already
+    // delivering a batch of progress events the two can fall into different batches, and the
+    // loop ends before the closure has run. Delivering what is still posted keeps the order and
+    // makes the answer certain.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
     return ok;
 }
 

@@ -54,8 +54,9 @@ void requireKnownOutcome(const QSharedPointer<Exception>& error, const LoaderRes
     if (error->message().isEmpty())
         std::abort();
     // Token errors arrive as plain Exceptions: the task frame keeps their message only.
+    const Exception& failure = *error;
     const bool known = error.dynamicCast<LoadFailureException>() || error.dynamicCast<ParsingException>()
-        || typeid(*error) == typeid(Exception);
+        || typeid(failure) == typeid(Exception);
     if (!known)
         std::abort();
 }

@@ -136,10 +136,11 @@ private slots:
         connect(&thread, &QThread::started, &saver, [&thread]() { thread.requestInterruption(); });
         connect(&thread, &QThread::started, &saver, &WaveSaver::saveProcess);
         QSignalSpy finished(&saver, &WaveSaver::finishProgress);
+        // The thread ends itself when the save is over, so nothing races with the spy.
+        connect(&saver, &WaveSaver::finishProgress, &saver, [&thread]() { thread.quit(); }, Qt::DirectConnection);
         thread.start();
-        QVERIFY(finished.wait(5000));
-        thread.quit();
-        thread.wait();
+        QVERIFY(thread.wait(5000));
+        QCOMPARE(finished.count(), 1);
         QCOMPARE(saver.ranOn, &thread);
         QVERIFY(saver.sawCancel);
     }
