@@ -2,21 +2,37 @@
 
 namespace {
 template<typename T>
+void takeExtremes(const T& value, T& minValue, T& maxValue)
+{
+    if (value > maxValue)
+        maxValue = value;
+    else if (value < minValue)
+        minValue = value;
+}
+
+// Rows are walked in memory order; rows beyond the stored values count as zeros.
+template<typename T>
 void scanBlock(
     const QVector<T>& values, int columns, int samples, QVector<T>& minValues, QVector<T>& maxValues)
 {
-    for (int s = 0; s < samples; ++s) {
+    if (columns <= 0)
+        return;
+    T* mins = minValues.data();
+    T* maxs = maxValues.data();
+    const T* row = values.constData();
+    const qint64 stored = values.size();
+    for (int c = 0; c < columns; ++c)
+        mins[c] = maxs[c] = c < stored ? row[c] : T(0);
+    const qint64 wholeRows = qMin<qint64>(samples, stored / columns);
+    for (qint64 s = 1; s < wholeRows; ++s) {
+        row += columns;
+        for (int c = 0; c < columns; ++c)
+            takeExtremes(row[c], mins[c], maxs[c]);
+    }
+    for (qint64 s = qMax<qint64>(1, wholeRows); s < samples; ++s) {
         for (int c = 0; c < columns; ++c) {
-            const int index = s * columns + c;
-            const T value = index < values.size() ? values[index] : T(0);
-            if (s == 0) {
-                minValues[c] = value;
-                maxValues[c] = value;
-            } else if (value > maxValues[c]) {
-                maxValues[c] = value;
-            } else if (value < minValues[c]) {
-                minValues[c] = value;
-            }
+            const qint64 index = s * columns + c;
+            takeExtremes(index < stored ? values.at(int(index)) : T(0), mins[c], maxs[c]);
         }
     }
 }
