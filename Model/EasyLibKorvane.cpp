@@ -9,7 +9,11 @@
 
 #include <QCoreApplication>
 #include <QMessageBox>
+#include <QThread>
 #include <QThreadPool>
+
+#include <atomic>
+#include <memory>
 
 namespace {
 template<typename T> void registerOnce(const char* name)
@@ -86,12 +90,20 @@ bool EasyLibKorvane::open(
     connect(loader, &TaskBase::error, context, [parent, loader, dialog](QSharedPointer<Exception> exception) {
         reportLoadError(parent, loader, dialog, exception);
     });
+    // Connected last, so the worker sets it only after the deliveries above have been posted.
+    const auto posted = std::make_shared<std::atomic<bool>>(false);
+    const auto markPosted = [posted]() { posted->store(true); };
+    connect(loader, &TaskBase::completed, markPosted);
+    connect(loader, &TaskBase::error, markPosted);
     QThreadPool::globalInstance()->start(loader, 0);
-    dialog->exec();
-    // The worker posts accept() and the closure one after the other; when the loop is already
-    // delivering a batch of progress events the two can fall into different batches, and the
-    // loop ends before the closure has run. Delivering what is still posted keeps the order and
-    // makes the answer certain.
+    const int answer = dialog->exec();
+    // The worker posts accept() and the closure one after the other, so the dialog's loop may end
+    // between the two. Once the worker has posted both, what is still waiting is delivered here:
+    // the order stays, and ok is certain when a finished load ends the dialog.
+    if (answer == QDialog::Accepted) {
+        while (!posted->load())
+            QThread::yieldCurrentThread();
+    }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
     return ok;
 }

@@ -1,8 +1,7 @@
 #include "OscillogramData.h"
 
 namespace {
-template<typename T>
-void takeExtremes(const T& value, T& minValue, T& maxValue)
+template<typename T> void takeExtremes(const T& value, T& minValue, T& maxValue)
 {
     if (value > maxValue)
         maxValue = value;
