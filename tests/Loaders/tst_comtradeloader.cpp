@@ -1,6 +1,7 @@
 #include "ComtradeFixture.h"
 #include "ExactCompare.h"
 #include "FixtureFiles.h"
+#include "ModalDialogs.h"
 #include "ZipFixture.h"
 
 #include "CalcLib/Comtrade.h"
@@ -57,19 +58,6 @@ QString errorText(const LoadOutcome& outcome)
     return outcome.error ? outcome.error->message() : QString();
 }
 
-// The box that the modal open shows: its text, then it is closed.
-void closeNextMessageBox(QString& text)
-{
-    QTimer::singleShot(0, [&text] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!box) {
-            closeNextMessageBox(text);
-            return;
-        }
-        text = box->text();
-        box->button(QMessageBox::Ok)->click();
-    });
-}
 
 // Names of everything left in a folder, for the check that nothing stays behind.
 QStringList leftovers(const QString& dir)
@@ -926,13 +914,14 @@ private slots:
         QVERIFY(writeFile(
             dir.filePath(QStringLiteral("m.cfg")), comtradeCfg(set).replace(",kV,0.020123,", ",kV,abc,")));
         QVERIFY(writeFile(dir.filePath(QStringLiteral("m.dat")), comtradeDat(set)));
-        QString text;
-        closeNextMessageBox(text);
+        SeenBox box;
+        closeNextMessageBox(box);
         bool called = false;
         QVERIFY(!EasyLibKorvane::open(
             dir.filePath(QStringLiteral("m.cfg")), nullptr, [&called](LoaderResult&) { called = true; }));
         QVERIFY(!called);
-        QCOMPARE(text,
+        QCOMPARE(box.title, QStringLiteral("Загрузка файла"));
+        QCOMPARE(box.text,
             QStringLiteral("Не удалось прочитать информацию об аналоговом канале 1\nПо причине: В "
                            "строке 4 неверный тип данных, abc не double"));
     }

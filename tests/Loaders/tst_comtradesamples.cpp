@@ -2,6 +2,7 @@
 // checked against the values an independent reader found in it.
 #include "ExactCompare.h"
 #include "FixtureFiles.h"
+#include "ModalDialogs.h"
 
 #include "Loaders/ComtradeLoader.h"
 #include "Model/EasyLibKorvane.h"
@@ -38,18 +39,6 @@ QString setPath(const QJsonObject& entry)
     return dir + QLatin1Char('/') + (cfg.isEmpty() ? entry.value(QStringLiteral("zip")).toString() : cfg);
 }
 
-void closeNextMessageBox(QString& text)
-{
-    QTimer::singleShot(0, [&text] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!box) {
-            closeNextMessageBox(text);
-            return;
-        }
-        text = box->text();
-        box->button(QMessageBox::Ok)->click();
-    });
-}
 
 struct Stats
 {
@@ -182,8 +171,8 @@ private slots:
         qputenv("TMPDIR", temp.path().toLocal8Bit());
         QString errorText;
         const bool synchronousIsNull = EasyLibKorvane::open(setPath(entry), errorText).isNull();
-        QString boxText;
-        closeNextMessageBox(boxText);
+        SeenBox box;
+        closeNextMessageBox(box);
         bool called = false;
         const bool opened
             = EasyLibKorvane::open(setPath(entry), nullptr, [&called](LoaderResult&) { called = true; });
@@ -192,7 +181,7 @@ private slots:
         QCOMPARE(errorText, QString());
         QVERIFY(!opened);
         QVERIFY(!called);
-        QCOMPARE(boxText, entry.value(QStringLiteral("spec_message")).toString());
+        QCOMPARE(box.text, entry.value(QStringLiteral("spec_message")).toString());
         QCOMPARE(QDir(temp.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
     }
 

@@ -1,3 +1,4 @@
+#include "ModalDialogs.h"
 #include "Model/EasyLibKorvane.h"
 #include "Model/KorvaneFormat.h"
 #include "Model/OscillogramLoaderFactory.h"
@@ -12,28 +13,6 @@
 #include <QTest>
 #include <QTimer>
 
-namespace {
-struct SeenBox
-{
-    QString title;
-    QString text;
-    QMessageBox::Icon icon = QMessageBox::NoIcon;
-};
-
-// Waits for the next modal message box, notes what it says and closes it.
-void closeNextMessageBox(SeenBox& seen)
-{
-    QTimer::singleShot(0, [&seen] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!box) {
-            closeNextMessageBox(seen);
-            return;
-        }
-        seen = { box->windowTitle(), box->text(), box->icon() };
-        box->button(QMessageBox::Ok)->click();
-    });
-}
-} // namespace
 
 class TestEntry : public QObject
 {
