@@ -2,7 +2,9 @@
 set(KORVANE_VIEWS_SOURCES
     Views/DiaMarkersTable.cpp
     Views/MarkersTableModel.cpp
+    Views/OscillogramViewModel.cpp
     Views/TimeMeasureMode.cpp
+    Views/XScale.cpp
     Views/Painters/AnalogPainter.cpp
     Views/Painters/ColorStyle.cpp
     Views/Painters/DigitalPainter.cpp
