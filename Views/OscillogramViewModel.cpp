@@ -19,17 +19,10 @@
 #include <QFontMetrics>
 #include <QGuiApplication>
 
-#include <cstdlib>
-
 namespace {
 int defaultFontHeight()
 {
     return QFontMetrics(QFont()).height();
-}
-
-void freePixels(void* pixels)
-{
-    std::free(pixels);
 }
 } // namespace
 
@@ -794,6 +787,7 @@ QImage OscillogramViewModel::channelPlot(
         m_currentSampleLine->setWindowInSamples(calculaterWindowInSamples());
         m_currentSampleLine->paint(buffer);
     }
+    void* block = buffer.releasedBlock();
     return QImage(reinterpret_cast<uchar*>(buffer.release()), width, height, QImage::Format_ARGB32,
-        freePixels, nullptr);
+        PixelBuffer::recycle, block);
 }

@@ -1,18 +1,47 @@
 #include "Views/Painters/PixelBuffer.h"
 
+#include <atomic>
 #include <cstdlib>
+
+namespace {
+// An allocation starts with its capacity; the pixels follow at a cache-line boundary.
+constexpr size_t headerSize = 64;
+
+struct BlockHeader
+{
+    qint64 capacity;
+};
+
+std::atomic<void*> spareBlock { nullptr };
+
+void* takeBlock(qint64 capacity)
+{
+    void* block = spareBlock.exchange(nullptr);
+    if (block && static_cast<BlockHeader*>(block)->capacity == capacity)
+        return block;
+    std::free(block);
+    block = std::calloc(headerSize + size_t(capacity), 1);
+    if (block)
+        static_cast<BlockHeader*>(block)->capacity = capacity;
+    return block;
+}
+} // namespace
 
 PixelBuffer::PixelBuffer(int width, int height)
     : m_capacity(capacityFor(width, height)), m_height(height), m_width(width)
 {
     // Never less than one pixel, so that the pointer is always a real allocation.
-    const size_t bytes = size_t(qMax<qint64>(m_capacity, qint64(sizeof(QRgb))));
-    m_data = static_cast<QRgb*>(std::calloc(bytes, 1));
+    m_block = takeBlock(qMax<qint64>(m_capacity, qint64(sizeof(QRgb))));
+    if (m_block)
+        m_data = reinterpret_cast<QRgb*>(static_cast<char*>(m_block) + headerSize);
+    else
+        m_capacity = 0;
 }
 
 PixelBuffer::~PixelBuffer()
 {
-    std::free(m_data);
+    if (m_data)
+        recycle(m_block);
 }
 
 qint64 PixelBuffer::capacityFor(int width, int height)
@@ -32,4 +61,9 @@ QRgb* PixelBuffer::release()
     m_data = nullptr;
     m_capacity = 0;
     return data;
+}
+
+void PixelBuffer::recycle(void* block)
+{
+    std::free(spareBlock.exchange(block));
 }
