@@ -55,7 +55,7 @@ public:
 private:
     // Inline, like getValue: a call in a column loop would keep the compiler from hoisting the
     // store's pointers out of it.
-    double extremeValue(bool maximum) const
+    Q_ALWAYS_INLINE double extremeValue(bool maximum) const
     {
         const OscillogramData& store = *data();
         const int column = dataOffset();

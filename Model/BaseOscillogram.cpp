@@ -1,10 +1,10 @@
 #include "BaseOscillogram.h"
 
-#include <QtGlobal>
+#include "Model/NumericCast.h"
 
 PreciseDateTime BaseOscillogram::plainDateTime(int sample) const
 {
-    return beginTime().addUSec(static_cast<long long>(sample * 1000000.0 / sampleRate()));
+    return beginTime().addUSec(Korvane::truncatedMicroseconds(sample * 1000000.0 / sampleRate()));
 }
 
 PreciseDateTime BaseOscillogram::dateTime(int sample) const
@@ -14,5 +14,5 @@ PreciseDateTime BaseOscillogram::dateTime(int sample) const
 
 int BaseOscillogram::tsFromBeginTime(int sample) const
 {
-    return qRound(sample * 1000000.0 / sampleRate());
+    return Korvane::roundedToInt(sample * 1000000.0 / sampleRate());
 }

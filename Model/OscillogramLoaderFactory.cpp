@@ -1,6 +1,8 @@
 #include "OscillogramLoaderFactory.h"
 
+#include "Loaders/ClcLoader.h"
 #include "Loaders/ComtradeLoader.h"
+#include "Loaders/Wv2Loader.h"
 #include "Model/OscillogramLoader.h"
 
 #include <QFileInfo>
@@ -21,9 +23,11 @@ template<typename Loader> OscillogramLoader* makeLoader(const QString& filename)
 
 // One row per format the library reads, in the order of the suffix list.
 const LoaderRow loaderRows[] = {
+    { "wv2", &makeLoader<Wv2Loader>, nullptr },
     { "cfg", &makeLoader<ComtradeLoader>, nullptr },
     // A zip counts as a record only when it holds a COMTRADE set.
     { "zip", &makeLoader<ComtradeLoader>, &ComtradeLoader::isComtrade },
+    { "clc", &makeLoader<ClcLoader>, nullptr },
 };
 
 const LoaderRow* rowFor(const QString& filename)

@@ -1,5 +1,6 @@
 #include "SimpleOscillogram.h"
 
+#include "Model/NumericCast.h"
 #include "Model/OscillogramData.h"
 
 #include <QtGlobal>
@@ -15,12 +16,14 @@ QSharedPointer<Channel> SimpleOscillogram::channel(int index) const
 
 PreciseDateTime SimpleOscillogram::beginTime() const
 {
-    return triggerTime().addUSec(qRound(-countOfPreFailureSamples() * 1000000.0 / sampleRate()));
+    return triggerTime().addUSec(
+        Korvane::roundedToInt(-1000000.0 * countOfPreFailureSamples() / sampleRate()));
 }
 
 PreciseDateTime SimpleOscillogram::endTime() const
 {
-    return triggerTime().addUSec(qRound((countOfPostFailureSamples() - 1) * 1000000.0 / sampleRate()));
+    return triggerTime().addUSec(
+        Korvane::roundedToInt((countOfPostFailureSamples() - 1.0) * 1000000.0 / sampleRate()));
 }
 
 int SimpleOscillogram::countOfSamples() const
@@ -37,7 +40,7 @@ PreciseDateTime SimpleOscillogram::dateTime(int sample) const
         const MergedWave& wave = m_mergedWaves[w];
         if (wave.sampleOffset <= sample)
             return wave.beginTime.addUSec(
-                static_cast<long long>((sample - wave.sampleOffset) * 1000000.0 / sampleRate()));
+                Korvane::truncatedMicroseconds((sample - wave.sampleOffset) * 1000000.0 / sampleRate()));
     }
     return PreciseDateTime();
 }

@@ -3,6 +3,7 @@ set(KORVANE_MODEL_SOURCES
     Model/AnalogChannel.cpp
     Model/Anomaly.cpp
     Model/BaseOscillogram.cpp
+    Model/ClcOscillogram.cpp
     Model/Channel.cpp
     Model/ComtradeChannels.cpp
     Model/ComtradeOscillogram.cpp
@@ -21,4 +22,6 @@ set(KORVANE_MODEL_SOURCES
     Model/ProgressDialog.cpp
     Model/SimpleOscillogram.cpp
     Model/TaskBase.cpp
+    Model/Wv2Channels.cpp
+    Model/Wv2Oscillogram.cpp
 )
