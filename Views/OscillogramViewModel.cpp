@@ -733,7 +733,6 @@ QImage OscillogramViewModel::channelPlot(
             const auto target = m_oscillogram->analogChannel(channel);
             AnalogPainter trace;
             trace.setChannel(target);
-            trace.setIsClc(isClcOscillogram());
             trace.setOffset(0.0);
             trace.setAmplitude(chanMag(channel));
             trace.setXScale(scale);

@@ -1,6 +1,8 @@
 #include "Views/Painters/AnalogPainter.h"
 
+#include "Model/ClcAnalogChannel.h"
 #include "Model/ComtradeChannels.h"
+#include "Model/Wv2Channels.h"
 #include "Views/Painters/ColorStyle.h"
 #include "Views/Painters/Decimation.h"
 #include "Views/Painters/DrawPrimitives.h"
@@ -140,7 +142,9 @@ AnalogPainter::~AnalogPainter() = default;
 void AnalogPainter::setChannel(const QSharedPointer<AnalogChannel>& channel)
 {
     d->channel = channel;
+    d->isClc = !channel.dynamicCast<ClcAnalogChannel>().isNull();
     d->isComtrade = !channel.dynamicCast<ComtradeAnalogChannel>().isNull();
+    d->isWv2 = !channel.dynamicCast<Wv2AnalogChannel>().isNull();
     d->minValue = -1.0;
     d->maxValue = 1.0;
     d->zeroValue = 0.0;

@@ -96,7 +96,8 @@ void TriggerLine::paint(PixelBuffer& buffer)
     }
     const int samples = m_record->countOfSamples();
     const int pre = m_record->countOfPreFailureSamples();
-    if (samples >= pre && samples >= m_record->countOfPostFailureSamples())
+    // A record without samples shows its background only.
+    if (samples > 0 && samples >= pre && samples >= m_record->countOfPostFailureSamples())
         sampleLine(buffer, pre, m_startSample, m_xScale, 3, style.failureLine);
 }
 

@@ -1,3 +1,6 @@
+#include "Model/ClcAnalogChannel.h"
+#include "Model/ComtradeChannels.h"
+#include "Model/Wv2Channels.h"
 #include "PlotRecords.h"
 #include "Views/Painters/AnalogPainter.h"
 #include "Views/Painters/ColorStyle.h"
@@ -102,6 +105,8 @@ private slots:
     void sampleBeyondTheWidthDrawsNothing();
 
     void channelRangeAndZero();
+    void channelKindFromItsType();
+    void unknownTypeAndEmptyRecordDrawNothing();
     void constantChannelIsAFlatLineInTheMiddle();
     void rampAtScaleTenIsSegments();
     void zeroLineAtThePhysicalZero();
@@ -483,6 +488,7 @@ void TestPainters::channelRangeAndZero()
     QCOMPARE(painter.zeroValue(), 10.0);
     QVERIFY(!painter.isClc());
     QVERIFY(!painter.isComtrade());
+    QVERIFY(!painter.isWv2());
     painter.setChannel({});
     QCOMPARE(painter.minValue(), -1.0);
     QCOMPARE(painter.maxValue(), 1.0);
@@ -491,6 +497,51 @@ void TestPainters::channelRangeAndZero()
     const auto& s = style();
     QCOMPARE(painter.phaseColors(), (QVector<QRgb> { s.noPhase, s.phaseA, s.phaseB, s.phaseC }));
     QCOMPARE(painter.componentColors(), (QVector<QRgb> { s.phaseB, s.secondComponent, s.phaseC }));
+}
+
+void TestPainters::channelKindFromItsType()
+{
+    auto record = PlotRecords::record({ 1, 2 }, {});
+    const auto data = record->data();
+    auto clc = QSharedPointer<ClcAnalogChannel>::create();
+    auto comtrade = QSharedPointer<ComtradeAnalogChannel>::create();
+    auto wv2 = QSharedPointer<Wv2AnalogChannel>::create();
+    for (const QSharedPointer<AnalogChannel>& channel :
+        QList<QSharedPointer<AnalogChannel>> { clc, comtrade, wv2 }) {
+        channel->setData(data);
+        channel->setDataType(DT::Int16);
+        channel->setDataCount(1);
+    }
+    AnalogPainter painter;
+    painter.setChannel(clc);
+    QVERIFY(painter.isClc() && !painter.isComtrade() && !painter.isWv2());
+    painter.setChannel(comtrade);
+    QVERIFY(!painter.isClc() && painter.isComtrade() && !painter.isWv2());
+    painter.setChannel(wv2);
+    QVERIFY(!painter.isClc() && !painter.isComtrade() && painter.isWv2());
+}
+
+void TestPainters::unknownTypeAndEmptyRecordDrawNothing()
+{
+    auto record = PlotRecords::record({ 1, 2, 3 }, {});
+    auto channel = analog(record);
+    channel->setDataType(DT::None);
+    AnalogPainter painter;
+    painter.setChannel(channel);
+    PixelBuffer buffer(10, 12);
+    clear(buffer);
+    painter.paintTrace(buffer);
+    for (int y = 0; y < 12; ++y)
+        QCOMPARE(columnsWith(buffer, blank, y).size(), 10);
+
+    auto empty = PlotRecords::record({}, QVector<bool>(0));
+    TimeGrid grid;
+    grid.setOscillogram(empty);
+    TriggerLine trigger;
+    trigger.setOscillogram(empty);
+    grid.paint(buffer);
+    trigger.paint(buffer);
+    QCOMPARE(columnsWith(buffer, blank, 5).size(), 10);
 }
 
 void TestPainters::constantChannelIsAFlatLineInTheMiddle()
