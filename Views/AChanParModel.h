@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QStringList>
 #include <QVariantList>
+#include <QVector>
 
 // The parameter table of one analogue row: names and values of the quantities shown beside the
 // plot. The view model reads the tables of all rows to freeze them into markers.
@@ -14,7 +15,8 @@ class KORVANE_EXPORT AChanParModel : public QObject
 {
     Q_OBJECT
 public:
-    explicit AChanParModel(QObject* parent = nullptr) : QObject(parent) { }
+    explicit AChanParModel(QObject* parent = nullptr);
+    ~AChanParModel() override;
 
     int channelNumber() const { return m_channelNumber; }
     void setChannelNumber(int channel) { m_channelNumber = channel; }

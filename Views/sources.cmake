@@ -1,5 +1,6 @@
 # Sources of Views/, relative to the project root.
 set(KORVANE_VIEWS_SOURCES
+    Views/AChanParModel.cpp
     Views/DiaMarkersTable.cpp
     Views/MarkersTableModel.cpp
     Views/OscillogramViewModel.cpp

@@ -72,6 +72,8 @@ private slots:
     void initialState();
     void setOscillogramResetsTheView();
     void sameRecordChangesNothing();
+    void calculatedRecordReplacesAndResets();
+    void mathRecordKeepsTheModifiedFlag();
     void startSampleOfARecordThatFits();
     void startSampleClampedToTheEnd();
     void currentSampleClampedAndEmittedOnChange();
@@ -217,6 +219,43 @@ void TestViewModel::sameRecordChangesNothing()
     QSignalSpy wave(&model, &OscillogramViewModel::sigWaveChanged);
     model.setOscillogram(record);
     QCOMPARE(wave.count(), 0);
+}
+
+void TestViewModel::calculatedRecordReplacesAndResets()
+{
+    OscillogramViewModel model;
+    model.setOscillogram(makeRecord(1, 1, 100));
+    model.setCurrentSample(30);
+    model.startTimeMeasure();
+    Markers::Item marker;
+    marker.sampleNumber = 5;
+    model.appendMarker(marker);
+    QSignalSpy wave(&model, &OscillogramViewModel::sigWaveChanged);
+    QSignalSpy added(&model, &OscillogramViewModel::sigRepopulateCalculatedWave);
+    model.setCalcOscillogram({});
+    QCOMPARE(wave.count(), 0);
+    auto calculated = makeRecord(3, 1, 100);
+    model.setCalcOscillogram(calculated);
+    QCOMPARE(wave.count(), 1);
+    QCOMPARE(argumentsOf(added), QList<int> { 2 });
+    QCOMPARE(model.oscillogram(), QSharedPointer<Oscillogram>(calculated));
+    QVERIFY(model.isModified());
+    QCOMPARE(model.currentSample(), 0);
+    QVERIFY(model.getTimeMeasures().isEmpty());
+    QVERIFY(model.markers()->items().isEmpty());
+    QCOMPARE(model.channelRowsFilter().size(), 4);
+    QCOMPARE(model.chanRowHeight(2), OscillogramViewModel::defaultRowHeight());
+}
+
+void TestViewModel::mathRecordKeepsTheModifiedFlag()
+{
+    OscillogramViewModel model;
+    model.setOscillogram(makeRecord(1, 0, 100));
+    QSignalSpy added(&model, &OscillogramViewModel::sigRepopulateCalculatedWave);
+    model.setMathOscillogram(makeRecord(2, 0, 100));
+    QCOMPARE(argumentsOf(added), QList<int> { 1 });
+    QVERIFY(!model.isModified());
+    QCOMPARE(model.chanMag(1), 1.0);
 }
 
 void TestViewModel::startSampleOfARecordThatFits()
