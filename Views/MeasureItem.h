@@ -1,10 +1,12 @@
 #pragma once
 
+#include "korvane_export.h"
+
 #include <utility>
 
-// A time measure of the record view: a pair of samples, complete once the finish is set, saved
-// when the user keeps it. Start and finish are not ordered.
-class MeasureItem
+// A time measure: two samples whose distance the time line shows. Start and finish are not
+// ordered; the finish may lie before the start.
+class KORVANE_EXPORT MeasureItem
 {
 public:
     int startSampleNumber() const { return m_startSampleNumber; }

@@ -1,0 +1,7 @@
+#include "Views/AChanParModel.h"
+
+AChanParModel::AChanParModel(QObject* parent) : QObject(parent)
+{
+}
+
+AChanParModel::~AChanParModel() = default;
