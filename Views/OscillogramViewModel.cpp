@@ -11,10 +11,7 @@
 #include "Views/Painters/ValuesPainter.h"
 #include "Views/TimeMeasureMode.h"
 
-#if __has_include("Calc/CalcModule.h")
 #include "Calc/CalcModule.h"
-#define KORVANE_HAS_CALCMODULE 1
-#endif
 
 #include <QFontMetrics>
 #include <QGuiApplication>
@@ -145,28 +142,16 @@ void OscillogramViewModel::setMathOscillogram(const QSharedPointer<Oscillogram>&
 
 void OscillogramViewModel::initCalcModule()
 {
-#ifdef KORVANE_HAS_CALCMODULE
+    // The calculators are set up from the user's settings; a model that has none yet has none.
+    if (!m_allSettings) {
+        m_calcModule.reset();
+        return;
+    }
     auto module = QSharedPointer<CalcModule>::create();
     module->setAllSettings(m_allSettings);
-    DevConfig config;
-    const double rate = m_oscillogram ? m_oscillogram->sampleRate() : config.sampleRate;
-    int intervalMs = 40;
-    if (m_allSettings) {
-        config.varType = m_allSettings->varType();
-        config.constType = m_allSettings->constType();
-        if (m_allSettings->manualFlag())
-            intervalMs = m_allSettings->manualInterval();
-        else if (m_allSettings->calcDuration() != 0)
-            intervalMs = m_allSettings->calcDuration() * 20;
-    }
-    config.stepMs = (m_allSettings && m_allSettings->devType() == 1) ? 4 : 8;
-    config.rowCount = 1;
-    config.sampleRate = rate;
-    config.intervalMs = intervalMs;
-    config.windowSamples = int(intervalMs * rate / 1000.0);
-    module->init(config);
+    const double rate = m_oscillogram ? m_oscillogram->sampleRate() : DevConfig().sampleRate;
+    module->init(CalcModule::makeDevConfig(*m_allSettings, rate));
     m_calcModule = module;
-#endif
 }
 
 // Position and scale

@@ -1,10 +1,14 @@
+#include "Calc/CalcModule.h"
 #include "Model/SimpleOscillogram.h"
+#include "Settings/KorvaneSettings.h"
 #include "Views/OscillogramViewModel.h"
 #include "Views/Painters/ColorStyle.h"
 #include "Views/TimeMeasureMode.h"
 
 #include <QFontMetrics>
+#include <QSettings>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
@@ -71,6 +75,7 @@ private slots:
     void scaleUpAtTheMaximumEmitsAgain();
     void initialState();
     void setOscillogramResetsTheView();
+    void calculatorsFollowTheSettingsAndTheRecord();
     void sameRecordChangesNothing();
     void calculatedRecordReplacesAndResets();
     void mathRecordKeepsTheModifiedFlag();
@@ -628,3 +633,26 @@ void TestViewModel::plotOfADiscreteRow()
 
 QTEST_MAIN(TestViewModel)
 #include "tst_viewmodel.moc"
+
+void TestViewModel::calculatorsFollowTheSettingsAndTheRecord()
+{
+    QTemporaryDir dir;
+    QSettings file(dir.filePath(QStringLiteral("Korvane.ini")), QSettings::IniFormat);
+    auto settings = QSharedPointer<KorvaneSettings>::create(&file);
+    settings->setCalcDuration(3);
+    OscillogramViewModel model;
+    model.setAllSettings(settings);
+    auto record = makeRecord(1, 0, 50);
+    record->setSampleRate(2000.0);
+    model.setOscillogram(record);
+    QVERIFY(model.calcModule());
+    // Three periods of 20 ms at 2 kHz: a window of 60 ms, 120 samples, stepped every 8 ms.
+    const DevConfig config = model.calcModule()->devConfig();
+    QCOMPARE(config.sampleRate, 2000.0);
+    QCOMPARE(config.intervalMs, 60);
+    QCOMPARE(config.windowSamples, 120);
+    QCOMPARE(config.stepMs, 8);
+    const auto first = model.calcModule();
+    model.setOscillogram(makeRecord(1, 0, 50));
+    QVERIFY(model.calcModule() != first);
+}
