@@ -58,7 +58,6 @@ QString errorText(const LoadOutcome& outcome)
     return outcome.error ? outcome.error->message() : QString();
 }
 
-
 // Names of everything left in a folder, for the check that nothing stays behind.
 QStringList leftovers(const QString& dir)
 {

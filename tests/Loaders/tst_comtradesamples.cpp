@@ -39,7 +39,6 @@ QString setPath(const QJsonObject& entry)
     return dir + QLatin1Char('/') + (cfg.isEmpty() ? entry.value(QStringLiteral("zip")).toString() : cfg);
 }
 
-
 struct Stats
 {
     QList<double> first;

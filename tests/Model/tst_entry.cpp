@@ -13,7 +13,6 @@
 #include <QTest>
 #include <QTimer>
 
-
 class TestEntry : public QObject
 {
     Q_OBJECT

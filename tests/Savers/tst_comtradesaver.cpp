@@ -833,7 +833,8 @@ private slots:
         QSignalSpy failed(saver, &WaveSaver::writeError);
         // The thread ends itself once the save has stopped, so nothing races with the spies.
         for (auto end : { &WaveSaver::cancelSave, &WaveSaver::finishProgress, &WaveSaver::writeError })
-            connect(saver, end, saver, [&thread]() { thread.quit(); }, Qt::DirectConnection);
+            connect(
+                saver, end, saver, [&thread]() { thread.quit(); }, Qt::DirectConnection);
         thread.start();
         QVERIFY(thread.wait(10000));
         QCOMPARE(cancelled.count(), 1);

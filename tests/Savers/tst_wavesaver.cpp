@@ -137,7 +137,8 @@ private slots:
         connect(&thread, &QThread::started, &saver, &WaveSaver::saveProcess);
         QSignalSpy finished(&saver, &WaveSaver::finishProgress);
         // The thread ends itself when the save is over, so nothing races with the spy.
-        connect(&saver, &WaveSaver::finishProgress, &saver, [&thread]() { thread.quit(); }, Qt::DirectConnection);
+        connect(
+            &saver, &WaveSaver::finishProgress, &saver, [&thread]() { thread.quit(); }, Qt::DirectConnection);
         thread.start();
         QVERIFY(thread.wait(5000));
         QCOMPARE(finished.count(), 1);
