@@ -14,6 +14,8 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include "BenchMeasures.h"
+
 #include <benchmark/benchmark.h>
 
 #include <chrono>
@@ -132,23 +134,14 @@ const BenchSet& asciiSet()
     return set;
 }
 
-// Processor time of this thread, page faults included: the machine is shared, and wall time
-// counts the other users' work too.
-double threadSeconds()
-{
-    timespec now {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return double(now.tv_sec) + double(now.tv_nsec) * 1e-9;
-}
-
 // The floor under any reader that builds the store: allocating memory of the store's size and
 // touching every page of it once.
 double touchStoreSizedMemory(double mebibytes)
 {
-    const double start = threadSeconds();
+    const double start = Bench::threadSeconds();
     std::vector<char> memory(size_t(mebibytes * 1048576.0), '\1');
     benchmark::DoNotOptimize(memory.data());
-    return threadSeconds() - start;
+    return Bench::threadSeconds() - start;
 }
 
 double secondsSince(const std::chrono::steady_clock::time_point& start)
@@ -158,7 +151,7 @@ double secondsSince(const std::chrono::steady_clock::time_point& start)
 
 double plainRead(const BenchSet& set)
 {
-    const double start = threadSeconds();
+    const double start = Bench::threadSeconds();
     QByteArray block(1 << 20, Qt::Uninitialized);
     for (const QString& path : { set.cfg, set.dat }) {
         QFile file(path);
@@ -166,29 +159,7 @@ double plainRead(const BenchSet& set)
             std::abort();
         while (file.read(block.data(), block.size()) > 0) { }
     }
-    return threadSeconds() - start;
-}
-
-// Kilobytes of a line of /proc/self/status.
-long statusKilobytes(const char* key)
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly | QIODevice::Text))
-        return 0;
-    const QList<QByteArray> lines = status.readAll().split('\n');
-    for (const QByteArray& line : lines) {
-        if (line.startsWith(key))
-            return line.mid(int(std::strlen(key))).trimmed().split(' ').value(0).toLong();
-    }
-    return 0;
-}
-
-// Lets the peak of resident memory start again from the present.
-void resetPeakMemory()
-{
-    QFile clear(QStringLiteral("/proc/self/clear_refs"));
-    if (clear.open(QIODevice::WriteOnly))
-        clear.write("5");
+    return Bench::threadSeconds() - start;
 }
 
 double storeMegabytes(const Oscillogram& record)
@@ -211,17 +182,17 @@ void openAgainstPlainRead(benchmark::State& state, const BenchSet& (*setOf)())
     double storeMiB = 0.0;
     for (auto _ : state) {
         plainSeconds += plainRead(set);
-        resetPeakMemory();
-        const long before = statusKilobytes("VmRSS:");
-        const double cpuStart = threadSeconds();
+        Bench::resetPeakMemory();
+        const long before = Bench::statusKilobytes("VmRSS:");
+        const double cpuStart = Bench::threadSeconds();
         const auto start = std::chrono::steady_clock::now();
         QString errorText;
         QSharedPointer<Oscillogram> record = EasyLibKorvane::open(set.cfg, errorText);
         const double seconds = secondsSince(start);
-        openCpuSeconds += threadSeconds() - cpuStart;
+        openCpuSeconds += Bench::threadSeconds() - cpuStart;
         if (!record || record->countOfSamples() != sampleCount)
             std::abort();
-        peakMiB = std::max(peakMiB, double(statusKilobytes("VmHWM:") - before) / 1024.0);
+        peakMiB = std::max(peakMiB, double(Bench::statusKilobytes("VmHWM:") - before) / 1024.0);
         storeMiB = storeMegabytes(*record);
         record.reset();
         touchSeconds += touchStoreSizedMemory(storeMiB);

@@ -15,6 +15,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "BenchMeasures.h"
+
 #include <benchmark/benchmark.h>
 
 #include <chrono>
@@ -96,14 +98,6 @@ const BenchSet& benchSet()
     }();
     return *set;
 }
-
-double threadSeconds()
-{
-    timespec now {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return double(now.tv_sec) + double(now.tv_nsec) * 1e-9;
-}
-
 double wallSeconds()
 {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
@@ -123,27 +117,6 @@ void plainCopy(const BenchSet& set, const QString& folder)
             out.write(block.constData(), read);
     }
 }
-
-long statusKilobytes(const char* key)
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly | QIODevice::Text))
-        return 0;
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith(key))
-            return line.mid(int(std::strlen(key))).trimmed().split(' ').value(0).toLong();
-    }
-    return 0;
-}
-
-// Lets the peak of resident memory start again from the present.
-void resetPeakMemory()
-{
-    QFile clear(QStringLiteral("/proc/self/clear_refs"));
-    if (clear.open(QIODevice::WriteOnly))
-        clear.write("5");
-}
-
 double storeMebibytes()
 {
     return (double(sampleCount) * analogCount * 4 + double(sampleCount) * digitalCount / 8) / mebibyte;
@@ -160,20 +133,20 @@ template<typename Work> void measure(benchmark::State& state, Work work)
     QTemporaryDir out;
     Timing t;
     for (auto _ : state) {
-        double cpu = threadSeconds(), wall = wallSeconds();
+        double cpu = Bench::threadSeconds(), wall = wallSeconds();
         plainCopy(set, out.path());
-        t.copyCpu += threadSeconds() - cpu;
+        t.copyCpu += Bench::threadSeconds() - cpu;
         t.copyWall += wallSeconds() - wall;
 
-        const long before = statusKilobytes("VmRSS:");
-        resetPeakMemory();
-        cpu = threadSeconds();
+        const long before = Bench::statusKilobytes("VmRSS:");
+        Bench::resetPeakMemory();
+        cpu = Bench::threadSeconds();
         wall = wallSeconds();
         work(set, out.path() + QStringLiteral("/converted.zip"));
-        const double seconds = threadSeconds() - cpu;
+        const double seconds = Bench::threadSeconds() - cpu;
         t.workCpu += seconds;
         t.workWall += wallSeconds() - wall;
-        t.peak = std::max(t.peak, double(statusKilobytes("VmHWM:") - before) / 1024.0);
+        t.peak = std::max(t.peak, double(Bench::statusKilobytes("VmHWM:") - before) / 1024.0);
         state.SetIterationTime(seconds);
     }
     const double n = double(state.iterations());
