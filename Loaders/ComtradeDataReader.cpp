@@ -125,6 +125,19 @@ void ComtradeLoader::readDataFile(const QString& path)
         readAsciiDataFile(path);
     else
         readBinaryDataFile(path);
+    if (m_compatible)
+        setTimesFromRates();
+}
+
+void ComtradeLoader::setTimesFromRates()
+{
+    if (m_oscillogram->isEventTriggeredOsc() || !ComtradeCompatibility::hasSeveralRates(m_rates))
+        return;
+    m_oscillogram->timeStamps()
+        = ComtradeCompatibility::sampleTimes(m_rates, m_oscillogram->countOfSamples());
+    m_oscillogram->setTimedByRates(true);
+    noteCompatibility(tr("%1 частот дискретизации, время каждой выборки взято из таблицы частот")
+                          .arg(m_rates.size()));
 }
 
 void ComtradeLoader::readBinaryDataFile(const QString& path)

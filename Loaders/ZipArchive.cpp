@@ -166,8 +166,14 @@ bool ZipArchive::extractTo(const QString& destination)
         return false;
     }
     struct archive_entry* entry = nullptr;
+    m_skippedCount = 0;
     while (nextHeader(m_archive, &entry)) {
-        const QString cleaned = cleanEntryName(currentEntryName(entry));
+        const QString name = currentEntryName(entry);
+        if (m_skipped && m_skipped(name)) {
+            ++m_skippedCount;
+            continue;
+        }
+        const QString cleaned = cleanEntryName(name);
         // The slash is cleaned away, so every member's folder is the destination itself. Taken
         // from the joined path instead, a member named "." or ".." (or nothing) would land above it.
         const QString folder = destination;

@@ -37,6 +37,10 @@ public:
     // in an archive always has one base name; paths flatten, and a later member of the same
     // suffix overwrites an earlier one.
     bool extractTo(const QString& destination);
+    // Members whose name (as stored, before cleaning) the test accepts are left out of
+    // extractTo; none are by default. skippedCount() tells how many the last extraction left out.
+    void setSkippedMembers(bool (*skipped)(const QString& name)) { m_skipped = skipped; }
+    int skippedCount() const { return m_skippedCount; }
 
     // Writing: one deflated entry named entryName (stored in CP866) with the bytes of sourcePath,
     // its size and modification time, permissions 644. A source that cannot be read gives an
@@ -57,6 +61,8 @@ private:
     QString m_error;
     OpenMode m_mode = NotOpen;
     struct archive* m_archive = nullptr;
+    bool (*m_skipped)(const QString& name) = nullptr;
+    int m_skippedCount = 0;
     QFile m_readFile;
     std::FILE* m_file = nullptr;
 };

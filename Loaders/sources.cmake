@@ -2,11 +2,13 @@
 set(KORVANE_LOADERS_SOURCES
     Loaders/ClcLoader.cpp
     Loaders/ComtradeAsciiReader.cpp
+    Loaders/ComtradeCompatibility.cpp
     Loaders/ComtradeConfigReader.cpp
     Loaders/ComtradeDataFormat.cpp
     Loaders/ComtradeDataReader.cpp
     Loaders/ComtradeInfoReader.cpp
     Loaders/ComtradeLoader.cpp
+    Loaders/ComtradeSingleFile.cpp
     Loaders/ComtradeVersion.cpp
     Loaders/CsvParser.cpp
     Loaders/CsvStringParser.cpp

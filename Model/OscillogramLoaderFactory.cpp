@@ -28,6 +28,8 @@ const LoaderRow loaderRows[] = {
     // A zip counts as a record only when it holds a COMTRADE set.
     { "zip", &makeLoader<ComtradeLoader>, &ComtradeLoader::isComtrade },
     { "clc", &makeLoader<ClcLoader>, nullptr },
+    // The single-file form of COMTRADE is read only in compatible reading.
+    { "cff", &makeLoader<ComtradeLoader>, &ComtradeLoader::readsSingleFile },
 };
 
 const LoaderRow* rowFor(const QString& filename)
@@ -52,5 +54,7 @@ bool OscillogramLoaderFactory::isWave(const QString& filename)
 OscillogramLoader* OscillogramLoaderFactory::createLoaderForFile(const QString& filename)
 {
     const LoaderRow* row = rowFor(filename);
-    return row ? row->create(filename) : nullptr;
+    if (!row || (row->accepts == &ComtradeLoader::readsSingleFile && !row->accepts(filename)))
+        return nullptr;
+    return row->create(filename);
 }
