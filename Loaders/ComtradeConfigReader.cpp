@@ -237,7 +237,8 @@ QList<QSharedPointer<ComtradeDigitalChannel>> ComtradeLoader::readDigitalChannel
     return channels;
 }
 
-void ComtradeLoader::readDigitalFields(CsvParser& parser, ComtradeDigitalChannel& channel, ComtradeVersion version)
+void ComtradeLoader::readDigitalFields(
+    CsvParser& parser, ComtradeDigitalChannel& channel, ComtradeVersion version)
 {
     channel.setIndex(int(parser.getInt()));
     channel.setName(parser.getString());

@@ -136,8 +136,8 @@ void ComtradeLoader::setTimesFromRates()
     m_oscillogram->timeStamps()
         = ComtradeCompatibility::sampleTimes(m_rates, m_oscillogram->countOfSamples());
     m_oscillogram->setTimedByRates(true);
-    noteCompatibility(tr("%1 частот дискретизации, время каждой выборки взято из таблицы частот")
-                          .arg(m_rates.size()));
+    noteCompatibility(
+        tr("%1 частот дискретизации, время каждой выборки взято из таблицы частот").arg(m_rates.size()));
 }
 
 void ComtradeLoader::readBinaryDataFile(const QString& path)

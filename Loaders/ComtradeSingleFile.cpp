@@ -10,7 +10,8 @@ namespace {
 const QRegularExpression& headingPattern()
 {
     static const QRegularExpression pattern(
-        QStringLiteral("^-{3}\\s*file\\s+type\\s*:\\s*([A-Za-z]+)(?:\\s+([A-Za-z0-9]+))?\\s*(?::\\s*(\\d+))?\\s*-{3}\\s*$"),
+        QStringLiteral("^-{3}\\s*file\\s+type\\s*:\\s*([A-Za-z]+)(?:\\s+([A-Za-z0-9]+))?\\s*(?::\\s*(\\d+))?"
+                       "\\s*-{3}\\s*$"),
         QRegularExpression::CaseInsensitiveOption);
     return pattern;
 }
@@ -88,7 +89,8 @@ bool splitInto(const QByteArray& contents, const QString& folder)
         return false;
     for (const Section& part : parts) {
         QFile file(QDir(folder).filePath(QStringLiteral("Wave.") + part.type.toLower()));
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(part.bytes) != part.bytes.size())
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)
+            || file.write(part.bytes) != part.bytes.size())
             return false;
     }
     return true;

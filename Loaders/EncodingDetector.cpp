@@ -52,7 +52,10 @@ QTextCodec* codecForAnswer(const QByteArray& answer, Trust trust)
 {
     if (!answer.isEmpty() && isBelieved(answer.constData()))
         return QTextCodec::codecForName(answer);
-    if (trust == Trust::AnyQtCodec && !answer.isEmpty()) {
+    // Seven-bit text reads alike in every codec that may be asked for; CP1251 stays for it.
+    const bool sevenBit = answer.compare("ASCII", Qt::CaseInsensitive) == 0
+        || answer.compare("US-ASCII", Qt::CaseInsensitive) == 0;
+    if (trust == Trust::AnyQtCodec && !answer.isEmpty() && !sevenBit) {
         if (QTextCodec* codec = QTextCodec::codecForName(answer))
             return codec;
     }
