@@ -336,7 +336,8 @@ private slots:
         QCOMPARE(record.timeBetweenSamples(9, 0), -15.0);
         QCOMPARE(record.readingNote(),
             notePrefix
-                + QStringLiteral("2 частот дискретизации, время каждой выборки взято из таблицы частот"));
+                + QStringLiteral("2 частот дискретизации, время каждой выборки взято из таблицы частот; "
+                                 "вычислители считают по первой частоте, 1000 Гц"));
     }
 
     void singleFileForm_data()
