@@ -42,30 +42,6 @@ Outcome load(const QString& path, bool compatible)
     return outcome;
 }
 
-// Every channel's raw and physical values and names, as the set was written.
-void verifyValues(const ComtradeOscillogram& record, const ComtradeSetDescription& set)
-{
-    QCOMPARE(record.countOfSamples(), set.samples);
-    QCOMPARE(record.countOfAnalogChannels(), set.analogs);
-    QCOMPARE(record.countOfDigitalChannels(), set.digitals);
-    for (int c = 0; c < set.analogs; ++c) {
-        const auto channel = record.analogChannel(c);
-        QCOMPARE(channel->name(), set.analogName(c));
-        const double a = set.multiplierText(c).toDouble();
-        const double b = set.offsetText(c).toDouble();
-        for (int s = 0; s < set.samples; ++s) {
-            const double raw = storedRaw(set, s, c);
-            KORVANE_COMPARE_EXACTLY(channel->getRealValue(channel->getValue(s)), raw * a + b);
-        }
-    }
-    for (int c = 0; c < set.digitals; ++c) {
-        const auto channel = record.digitalChannel(c);
-        QCOMPARE(channel->name(), set.digitalName(c));
-        for (int s = 0; s < set.samples; ++s)
-            QCOMPARE(channel->value(s), set.bit(s, c));
-    }
-}
-
 // The set's .cfg with line 1 given anew.
 QByteArray withFirstLine(const ComtradeSetDescription& set, const QByteArray& firstLine)
 {
@@ -168,7 +144,7 @@ private slots:
         const Outcome compatible = load(path, true);
         QVERIFY2(compatible.record, qPrintable(compatible.message()));
         QCOMPARE(compatible.record->version().value(), compatibleYear);
-        verifyValues(*compatible.record, set);
+        verifySetValues(*compatible.record, set);
         QCOMPARE(compatible.record->readingNote(), reason.isEmpty() ? QString() : notePrefix + reason);
     }
 
@@ -199,7 +175,7 @@ private slots:
                            "дискретного сигнала'"));
         const Outcome compatible = load(path, true);
         QVERIFY2(compatible.record, qPrintable(compatible.message()));
-        verifyValues(*compatible.record, set);
+        verifySetValues(*compatible.record, set);
         const auto channel = compatible.record->digitalChannel(0).staticCast<ComtradeDigitalChannel>();
         QCOMPARE(channel->phaseIdentification(), phase);
         QCOMPARE(channel->ccbm(), component);
@@ -227,7 +203,7 @@ private slots:
             QStringLiteral("В cтроке 2 неверная информация о количестве сигналов и их типе"));
         const Outcome compatible = load(zip, true);
         QVERIFY2(compatible.record, qPrintable(compatible.message()));
-        verifyValues(*compatible.record, set);
+        verifySetValues(*compatible.record, set);
         QCOMPARE(compatible.record->headerFileContent(), QString());
         QCOMPARE(compatible.record->filename(), zip);
         QCOMPARE(compatible.record->readingNote(),
@@ -298,7 +274,7 @@ private slots:
         QVERIFY(compatible.record);
         QCOMPARE(compatible.record->stationName(), set.station);
         QCOMPARE(compatible.record->recordingDeviceId(), set.device);
-        verifyValues(*compatible.record, set);
+        verifySetValues(*compatible.record, set);
         QCOMPARE(compatible.record->readingNote(), notePrefix + QStringLiteral("тексты в кодировке GB18030"));
     }
 
@@ -321,7 +297,7 @@ private slots:
         const Outcome compatible = load(path, true);
         QVERIFY(compatible.record);
         const ComtradeOscillogram& record = *compatible.record;
-        verifyValues(record, set);
+        verifySetValues(record, set);
         QVERIFY(record.isTimedByRates());
         QVERIFY(!record.isEventTriggeredOsc());
         for (int s = 0; s < set.samples; ++s)
@@ -372,7 +348,7 @@ private slots:
 
         const Outcome compatible = load(path, true);
         QVERIFY2(compatible.record, qPrintable(compatible.message()));
-        verifyValues(*compatible.record, set);
+        verifySetValues(*compatible.record, set);
         QCOMPARE(compatible.record->version().value(), 2013);
         QCOMPARE(compatible.record->filename(), path);
         QCOMPARE(compatible.record->headerFileContent(), QStringLiteral("Header of the test record\n"));
@@ -382,7 +358,7 @@ private slots:
         QVERIFY(OscillogramLoaderFactory::isWave(path));
         const auto opened = EasyLibKorvane::open(path, errorText).dynamicCast<ComtradeOscillogram>();
         QVERIFY(opened);
-        verifyValues(*opened, set);
+        verifySetValues(*opened, set);
     }
 
     void singleFileWithoutData()
@@ -405,7 +381,7 @@ private slots:
             QStringLiteral("В строке 2 отсутствует необходимое количество значений"));
         const Outcome compatible = load(path, true);
         QVERIFY2(compatible.record, qPrintable(compatible.message()));
-        verifyValues(*compatible.record, set);
+        verifySetValues(*compatible.record, set);
         QCOMPARE(compatible.record->readingNote(),
             notePrefix + QStringLiteral("пустые строки в файле данных пропущены"));
     }

@@ -1,5 +1,6 @@
 #include "RecordCompare.h"
 
+#include "ComtradeFixture.h"
 #include "ExactCompare.h"
 
 #include "Model/ComtradeOscillogram.h"
@@ -48,6 +49,36 @@ void compareRecords(const ComtradeOscillogram& expected, const ComtradeOscillogr
         compareAnalog(*expected.analogChannel(c), *actual.analogChannel(c), samples);
     for (int c = 0; c < expected.countOfDigitalChannels() && !QTest::currentTestFailed(); ++c)
         compareDigital(*expected.digitalChannel(c), *actual.digitalChannel(c), samples);
+}
+
+void verifySetValues(const ComtradeOscillogram& record, const ComtradeSetDescription& set)
+{
+    QCOMPARE(record.countOfSamples(), set.samples);
+    QCOMPARE(record.countOfAnalogChannels(), set.analogs);
+    QCOMPARE(record.countOfDigitalChannels(), set.digitals);
+    for (int c = 0; c < set.analogs; ++c) {
+        const auto channel = record.analogChannel(c);
+        QCOMPARE(channel->name(), set.analogName(c));
+        QCOMPARE(channel->unit(), set.unitText(c));
+        const double a = set.multiplierText(c).toDouble();
+        const double b = set.offsetText(c).toDouble();
+        KORVANE_COMPARE_EXACTLY(channel->multiplier(), a);
+        KORVANE_COMPARE_EXACTLY(channel->offsetAdder(), b);
+        for (int s = 0; s < set.samples; ++s) {
+            const double raw = storedRaw(set, s, c);
+            KORVANE_COMPARE_EXACTLY(channel->getValue(s), raw);
+            // The physical value is raw * a + b in double, as any reader computes it.
+            KORVANE_COMPARE_EXACTLY(channel->getRealValue(channel->getValue(s)), raw * a + b);
+            if (QTest::currentTestFailed())
+                return;
+        }
+    }
+    for (int c = 0; c < set.digitals; ++c) {
+        const auto channel = record.digitalChannel(c);
+        QCOMPARE(channel->name(), set.digitalName(c));
+        for (int s = 0; s < set.samples; ++s)
+            QCOMPARE(channel->value(s), set.bit(s, c));
+    }
 }
 
 } // namespace KorvaneTest
