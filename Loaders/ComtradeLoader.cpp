@@ -178,7 +178,9 @@ void ComtradeLoader::unzip(const QString& archivePath, const QString& destinatio
         return;
     if (m_compatible)
         archive.setSkippedMembers(&ComtradeCompatibility::isMacMetadataMember);
-    archive.extractTo(destination);
+    // The caller's temporary folder goes with the exception, and what was extracted with it.
+    if (!archive.extractTo(destination) && archive.tooLarge())
+        throw new LoadFailureException(tr("Архив содержит файл слишком большого размера"));
     if (archive.skippedCount() > 0)
         noteCompatibility(tr("служебные файлы Mac в архиве пропущены"));
 }
