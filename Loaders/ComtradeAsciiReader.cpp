@@ -149,6 +149,11 @@ private:
     bool m_done = false;
 };
 
+bool isBlankLine(const char* begin, const char* end)
+{
+    return std::all_of(begin, end, isBlank);
+}
+
 bool isDigit(char c)
 {
     return c >= '0' && c <= '9';
@@ -294,6 +299,10 @@ void ComtradeLoader::readAsciiDataFile(const QString& path)
         const char* end = nullptr;
         lines.next(begin, end);
         ++lineNumber;
+        if (m_compatible && isBlankLine(begin, end)) {
+            noteCompatibility(tr("пустые строки в файле данных пропущены"));
+            continue;
+        }
         const qint64 rowStart = qint64(count) * digitals;
         if (bits.size() < rowStart + digitals)
             bits.resize(int(rowStart + digitals));
@@ -348,6 +357,11 @@ void ComtradeLoader::readAsciiDataStream(QFile& file, OscillogramDataBuilder& bu
         updateProgress(stage, double(stream.pos()) / size);
         checkCancelled();
         parser.readLine(ComtradeCFGFields::ChannelOrData);
+        const QStringList fields = parser.stringParser().getLine();
+        if (m_compatible && fields.size() == 1 && fields.first().trimmed().isEmpty()) {
+            noteCompatibility(tr("пустые строки в файле данных пропущены"));
+            continue;
+        }
         if (!readAsciiRecord(parser.stringParser(), builder, count))
             break;
         ++count;

@@ -40,11 +40,56 @@ void ComtradeLoader::readConfigFile(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         throw new LoadFailureException(QStringLiteral("UnableOpenFileException"));
+    if (m_compatible)
+        lookAtChannelShapes(path);
     QTextStream stream(&file);
     stream.setCodec(m_codec);
     CsvParser parser(stream);
     m_comtrade.readCfg(m_analogs, m_digitals, QFile::encodeName(path).toStdString());
     parseConfigFile(parser);
+}
+
+void ComtradeLoader::lookAtChannelShapes(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return;
+    QTextStream stream(&file);
+    stream.setCodec(m_codec);
+    stream.readLine();
+    long long analogs = 0;
+    long long digitals = 0;
+    try {
+        CsvStringParser counts(stream.readLine(), QStringLiteral(","), 2);
+        counts.getInt();
+        analogs = counts.getParser(QStringLiteral("A")).getInt();
+        digitals = counts.getParser(QStringLiteral("D")).getInt();
+    } catch (ParsingException&) {
+        // The line is read again in order, and its failure reported there.
+        return;
+    }
+    if (analogs > 0)
+        m_firstAnalogFields = ComtradeCompatibility::fieldCount(stream.readLine());
+    for (long long line = 1; line < analogs && !stream.atEnd(); ++line)
+        stream.readLine();
+    if (digitals > 0)
+        m_firstDigitalFields = ComtradeCompatibility::fieldCount(stream.readLine());
+}
+
+ComtradeVersion ComtradeLoader::readVersion(CsvParser& parser)
+{
+    if (!m_compatible)
+        return parser.hasNextToken() ? ComtradeVersion(parser.getString()) : ComtradeVersion(1991);
+    const QString token = parser.hasNextToken() ? parser.getString() : QString();
+    const ComtradeVersion strict = token.isEmpty() ? ComtradeVersion(1991) : ComtradeVersion(token);
+    const ComtradeVersion version
+        = ComtradeCompatibility::inferVersion(token, m_firstAnalogFields, m_firstDigitalFields);
+    if (version != strict) {
+        noteCompatibility(token.isEmpty()
+                ? tr("год ревизии не указан, прочитан как %1").arg(version.toString())
+                : tr("год ревизии \"%1\" прочитан как %2").arg(token, version.toString()));
+    }
+    return version;
 }
 
 void ComtradeLoader::parseConfigFile(CsvParser& parser)
@@ -58,8 +103,7 @@ void ComtradeLoader::parseConfigFile(CsvParser& parser)
     // A line with the station alone is taken as it is; the lines after it tell what is wrong.
     if (parser.hasNextToken())
         m_oscillogram->setRecordingDeviceId(parser.getString());
-    m_oscillogram->setVersion(
-        parser.hasNextToken() ? ComtradeVersion(parser.getString()) : ComtradeVersion(1991));
+    m_oscillogram->setVersion(readVersion(parser));
 
     parser.readLine(ComtradeCFGFields::ChannelCounts);
     parser.getInt();
@@ -88,9 +132,17 @@ void ComtradeLoader::parseConfigFile(CsvParser& parser)
     }
 
     parser.readLine(ComtradeCFGFields::FirstValueTime);
-    PreciseDateTime first = readTimeStamp(parser.stringParser());
+    const DateFields firstFields = readDateFields(parser.stringParser());
     parser.readLine(ComtradeCFGFields::TriggerTime);
-    PreciseDateTime trigger = readTimeStamp(parser.stringParser());
+    const DateFields triggerFields = readDateFields(parser.stringParser());
+    // Both times of a file are written in one order: one that cannot be day first decides.
+    const bool monthFirst = m_compatible
+        && (ComtradeCompatibility::isMonthFirst(firstFields.first, firstFields.second)
+            || ComtradeCompatibility::isMonthFirst(triggerFields.first, triggerFields.second));
+    if (monthFirst)
+        noteCompatibility(tr("даты записаны в порядке месяц/день/год"));
+    PreciseDateTime first = firstFields.toDateTime(monthFirst);
+    PreciseDateTime trigger = triggerFields.toDateTime(monthFirst);
 
     parser.readLine(ComtradeCFGFields::FileType);
     m_oscillogram->setDataFormat(ComtradeDataFormat(parser.getString()));
@@ -180,19 +232,15 @@ QList<QSharedPointer<ComtradeDigitalChannel>> ComtradeLoader::readDigitalChannel
         updateProgress(stage, double(analogs + i) / total);
         checkCancelled();
         parser.readLine(ComtradeCFGFields::ChannelOrData);
-        parser.checkComtradeDigitalFail(version);
+        const int fields = parser.stringParser().getLine().size();
+        if (!m_compatible || !ComtradeCompatibility::isReadableDigitalLine(fields))
+            parser.checkComtradeDigitalFail(version);
         try {
             auto channel = QSharedPointer<ComtradeDigitalChannel>::create();
             channel->setDataType(DT::Digital);
             channel->setDataOffset(i);
             channel->setDataCount(1);
-            channel->setIndex(int(parser.getInt()));
-            channel->setName(parser.getString());
-            if (version.value() != 1991) {
-                channel->setPhaseIdentification(parser.getString());
-                channel->setCcbm(parser.getString());
-            }
-            channel->setY(parser.getBool(QStringLiteral("1"), QStringLiteral("0")));
+            readDigitalFields(parser, *channel, version);
             channels.append(channel);
         } catch (ParsingException& e) {
             throw new LoadFailureException(
@@ -200,6 +248,24 @@ QList<QSharedPointer<ComtradeDigitalChannel>> ComtradeLoader::readDigitalChannel
         }
     }
     return channels;
+}
+
+void ComtradeLoader::readDigitalFields(
+    CsvParser& parser, ComtradeDigitalChannel& channel, ComtradeVersion version)
+{
+    channel.setIndex(int(parser.getInt()));
+    channel.setName(parser.getString());
+    const int fields = parser.stringParser().getLine().size();
+    const int standardFields = version.value() == 1991 ? 3 : 5;
+    // Compatible reading goes by the line's own count: 4 fields hold the phase and no component.
+    const int readFields = m_compatible ? fields : standardFields;
+    if (readFields != standardFields)
+        noteCompatibility(tr("дискретные каналы с %1 полями").arg(fields));
+    if (readFields >= 4)
+        channel.setPhaseIdentification(parser.getString());
+    if (readFields >= 5)
+        channel.setCcbm(parser.getString());
+    channel.setY(parser.getBool(QStringLiteral("1"), QStringLiteral("0")));
 }
 
 void ComtradeLoader::readSampleRate(CsvParser& parser)
@@ -214,26 +280,47 @@ void ComtradeLoader::readSampleRate(CsvParser& parser)
         const double value = parser.getDouble();
         if (read == 0)
             rate = value;
+        if (m_compatible)
+            m_rates.append({ value, readLastSample(parser) });
         ++read;
     } while (read < rates);
     m_oscillogram->setSampleRate(rate);
     m_oscillogram->setIsEventTriggeredOsc(rates == 0 && rate == 0.0);
 }
 
-PreciseDateTime ComtradeLoader::readTimeStamp(CsvStringParser& parser)
+long long ComtradeLoader::readLastSample(CsvParser& parser)
+{
+    // The number of the last sample at a rate serves only compatible reading, which takes an
+    // unreadable one as no number.
+    try {
+        return parser.hasNextToken() ? parser.getInt() : 0;
+    } catch (ParsingException&) {
+        return 0;
+    }
+}
+
+ComtradeLoader::DateFields ComtradeLoader::readDateFields(CsvStringParser& parser)
 {
     // dd/mm/yyyy,hh:mm:ss.ffffff in every year; the fraction goes in as microseconds as written.
     CsvStringParser date = parser.getParser(QStringLiteral("/"));
     CsvStringParser time = parser.getParser(QStringLiteral("."));
     CsvStringParser clock = time.getParser(QStringLiteral(":"));
-    const long long fraction = time.getInt();
-    const int day = int(date.getInt());
-    const int month = int(date.getInt());
-    const int year = int(date.getInt());
-    const int hours = int(clock.getInt());
-    const int minutes = int(clock.getInt());
-    const int seconds = int(clock.getInt());
-    return PreciseDateTime(year, month, day, hours, minutes, seconds, fraction, 0);
+    DateFields fields;
+    fields.fraction = time.getInt();
+    fields.first = date.getInt();
+    fields.second = date.getInt();
+    fields.year = date.getInt();
+    fields.hours = clock.getInt();
+    fields.minutes = clock.getInt();
+    fields.seconds = clock.getInt();
+    return fields;
+}
+
+PreciseDateTime ComtradeLoader::DateFields::toDateTime(bool monthFirst) const
+{
+    const int day = int(monthFirst ? second : first);
+    const int month = int(monthFirst ? first : second);
+    return PreciseDateTime(int(year), month, day, int(hours), int(minutes), int(seconds), fraction, 0);
 }
 
 int ComtradeLoader::parseTimeCode(const QString& text)

@@ -132,6 +132,23 @@ void ComtradeLoader::readDataFile(const QString& path)
         readAsciiDataFile(path);
     else
         readBinaryDataFile(path);
+    if (m_compatible)
+        setTimesFromRates();
+}
+
+void ComtradeLoader::setTimesFromRates()
+{
+    if (m_oscillogram->isEventTriggeredOsc() || !ComtradeCompatibility::hasSeveralRates(m_rates))
+        return;
+    m_oscillogram->timeStamps()
+        = ComtradeCompatibility::sampleTimes(m_rates, m_oscillogram->countOfSamples());
+    m_oscillogram->setTimedByRates(true);
+    // The calculators work at one rate: the note says which, so that their values in the
+    // segments of other rates are not taken on trust.
+    noteCompatibility(tr("%1 частот дискретизации, время каждой выборки взято из таблицы частот; "
+                         "вычислители считают по первой частоте, %2 Гц")
+                          .arg(m_rates.size())
+                          .arg(m_oscillogram->sampleRate()));
 }
 
 void ComtradeLoader::readBinaryDataFile(const QString& path)

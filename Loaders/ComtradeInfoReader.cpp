@@ -154,7 +154,7 @@ void ComtradeLoader::readMergedWaves(const QString& path)
         MergedWave wave;
         // The begin time is written as the time lines of the .cfg are.
         CsvStringParser line(QString::fromStdString(info.beginTime), QStringLiteral(","), 0);
-        wave.beginTime = readTimeStamp(line);
+        wave.beginTime = readDateFields(line).toDateTime(false);
         wave.sampleOffset = info.blockNum;
         wave.analogNumbers = QVector<unsigned short>(info.analogNumbers.begin(), info.analogNumbers.end());
         wave.digitalNumbers = QVector<unsigned short>(info.digitalNumbers.begin(), info.digitalNumbers.end());

@@ -1,5 +1,6 @@
 #include "ComtradeLoader.h"
 
+#include "Loaders/ComtradeSingleFile.h"
 #include "Loaders/EncodingDetector.h"
 #include "Loaders/ZipArchive.h"
 
@@ -9,7 +10,11 @@
 #include <QTemporaryDir>
 #include <QTextCodec>
 
+#include <atomic>
+
 namespace {
+std::atomic<bool> compatibleByDefault { false };
+
 bool nameEndsWith(const QFileInfo& entry, const char* ending)
 {
     return entry.fileName().endsWith(QLatin1String(ending), Qt::CaseInsensitive);
@@ -43,7 +48,24 @@ ComtradeLoader::ComtradeLoader(const QString& filename, QObject* parent)
     : OscillogramLoader(filename, parent)
     , m_timeCodeRegExp(QStringLiteral("^([+-]?\\d+)"))
     , m_codec(QTextCodec::codecForName("CP1251"))
+    , m_compatible(compatibleByDefault.load())
 {
+}
+
+void ComtradeLoader::setDefaultCompatible(bool compatible)
+{
+    compatibleByDefault.store(compatible);
+}
+
+bool ComtradeLoader::defaultCompatible()
+{
+    return compatibleByDefault.load();
+}
+
+void ComtradeLoader::noteCompatibility(const QString& reason)
+{
+    if (!m_compatibilityNotes.contains(reason))
+        m_compatibilityNotes.append(reason);
 }
 
 bool ComtradeLoader::isComtrade(const QString& filename)
@@ -71,8 +93,12 @@ LoaderResult ComtradeLoader::work()
         loadUnzipped(filename());
     else if (suffix == QLatin1String("zip"))
         loadZipped(filename());
+    else if (suffix == QLatin1String("cff") && m_compatible)
+        loadSingleFile(filename());
     else
         throw new LoadFailureException(QStringLiteral("FileFormatException"));
+    if (!m_compatibilityNotes.isEmpty())
+        m_oscillogram->setReadingNote(ComtradeCompatibility::noteText(m_compatibilityNotes));
     return LoaderResult { m_userSettings, m_oscillogram };
 }
 
@@ -89,8 +115,17 @@ void ComtradeLoader::loadUnzipped(const QString& cfgName)
         if (!nameEndsWith(entry, "dat"))
             textFiles.append(entry.absoluteFilePath());
     }
-    if (QTextCodec* detected = EncodingDetector::codecForFiles(textFiles))
-        m_codec = detected;
+    QByteArray answer;
+    if (EncodingDetector::detect(EncodingDetector::readFiles(textFiles), answer)) {
+        m_codec = EncodingDetector::codecForAnswer(answer, EncodingDetector::Trust::KnownThree);
+        QTextCodec* trusted = m_compatible
+            ? EncodingDetector::codecForAnswer(answer, EncodingDetector::Trust::AnyQtCodec)
+            : m_codec;
+        if (trusted != m_codec) {
+            m_codec = trusted;
+            noteCompatibility(tr("тексты в кодировке %1").arg(QString::fromLatin1(trusted->name())));
+        }
+    }
 
     const QFileInfo* config = firstEndingWith(entries, "cfg");
     if (config)
@@ -136,7 +171,25 @@ void ComtradeLoader::unzip(const QString& archivePath, const QString& destinatio
     // An archive that will not open is reported by the caller as one without a set.
     if (!archive.open(ZipArchive::ReadOnly))
         return;
+    if (m_compatible)
+        archive.setSkippedMembers(&ComtradeCompatibility::isMacMetadataMember);
     // The caller's temporary folder goes with the exception, and what was extracted with it.
     if (!archive.extractTo(destination) && archive.tooLarge())
         throw new LoadFailureException(tr("Архив содержит файл слишком большого размера"));
+    if (archive.skippedCount() > 0)
+        noteCompatibility(tr("служебные файлы Mac в архиве пропущены"));
+}
+
+void ComtradeLoader::loadSingleFile(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw new LoadFailureException(QStringLiteral("UnableOpenFileException"));
+    QTemporaryDir dir;
+    if (!dir.isValid())
+        throw new LoadFailureException(tr("Невозможно распаковать архив"));
+    if (!ComtradeSingleFile::splitInto(file.readAll(), dir.path()))
+        throw new LoadFailureException(tr("Файл CFF не содержит разделов CFG и DAT"));
+    noteCompatibility(tr("файл в единой форме CFF"));
+    loadUnzipped(QDir(dir.path()).filePath(QStringLiteral("Wave.cfg")));
 }

@@ -31,25 +31,46 @@ short runDetector(const char* text, DetectObj** object)
 
 namespace EncodingDetector {
 
-QTextCodec* codecForText(const QByteArray& bytes)
+bool detect(const QByteArray& bytes, QByteArray& answer)
 {
     DetectObj* object = detect_obj_init();
     if (!object)
-        return nullptr;
+        return false;
     const short status = runDetector(bytes.constData(), &object);
     if (status == CHARDET_OUT_OF_MEMORY) {
         detect_obj_free(&object);
-        return nullptr;
+        return false;
     }
     if (status == CHARDET_NULL_OBJECT)
-        return nullptr;
-    const char* name = (object->encoding && isBelieved(object->encoding)) ? object->encoding : "CP1251";
-    QTextCodec* codec = QTextCodec::codecForName(name);
+        return false;
+    answer = object->encoding ? QByteArray(object->encoding) : QByteArray();
     detect_obj_free(&object);
-    return codec;
+    return true;
 }
 
-QTextCodec* codecForFiles(const QStringList& paths)
+QTextCodec* codecForAnswer(const QByteArray& answer, Trust trust)
+{
+    if (!answer.isEmpty() && isBelieved(answer.constData()))
+        return QTextCodec::codecForName(answer);
+    // Seven-bit text reads alike in every codec that may be asked for; CP1251 stays for it.
+    const bool sevenBit = answer.compare("ASCII", Qt::CaseInsensitive) == 0
+        || answer.compare("US-ASCII", Qt::CaseInsensitive) == 0;
+    if (trust == Trust::AnyQtCodec && !answer.isEmpty() && !sevenBit) {
+        if (QTextCodec* codec = QTextCodec::codecForName(answer))
+            return codec;
+    }
+    return QTextCodec::codecForName("CP1251");
+}
+
+QTextCodec* codecForText(const QByteArray& bytes, Trust trust)
+{
+    QByteArray answer;
+    if (!detect(bytes, answer))
+        return nullptr;
+    return codecForAnswer(answer, trust);
+}
+
+QByteArray readFiles(const QStringList& paths)
 {
     QByteArray buffer;
     for (const QString& path : paths) {
@@ -57,7 +78,12 @@ QTextCodec* codecForFiles(const QStringList& paths)
         if (file.open(QIODevice::ReadOnly))
             buffer += file.readAll();
     }
-    return codecForText(buffer);
+    return buffer;
+}
+
+QTextCodec* codecForFiles(const QStringList& paths, Trust trust)
+{
+    return codecForText(readFiles(paths), trust);
 }
 
 } // namespace EncodingDetector

@@ -22,6 +22,9 @@ struct LoaderTable
             // A zip counts as a record only when it holds a COMTRADE set.
             { QStringLiteral("zip"), &makeLoader<ComtradeLoader>, &ComtradeLoader::isComtrade },
             { QStringLiteral("clc"), &makeLoader<ClcLoader>, nullptr },
+            // The single-file form of COMTRADE is read only in compatible reading.
+            { QStringLiteral("cff"), &makeLoader<ComtradeLoader>, nullptr,
+                &ComtradeLoader::defaultCompatible },
         });
     }
 };

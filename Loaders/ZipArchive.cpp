@@ -167,10 +167,16 @@ bool ZipArchive::extractTo(const QString& destination)
     }
     const qint64 limit = memberLimit(m_readFile.size());
     struct archive_entry* entry = nullptr;
+    m_skippedCount = 0;
     while (nextHeader(m_archive, &entry)) {
-        const QString cleaned = cleanEntryName(currentEntryName(entry));
+        const QString name = currentEntryName(entry);
+        if (m_skipped && m_skipped(name)) {
+            ++m_skippedCount;
+            continue;
+        }
+        const QString cleaned = cleanEntryName(name);
         if (archive_entry_size_is_set(entry) && archive_entry_size(entry) > limit)
-            return refuseMember(currentEntryName(entry), limit);
+            return refuseMember(name, limit);
         // The slash is cleaned away, so every member's folder is the destination itself. Taken
         // from the joined path instead, a member named "." or ".." (or nothing) would land above it.
         const QString folder = destination;

@@ -40,6 +40,10 @@ public:
     // A member whose declared or written size passes memberLimit() stops the extraction: its
     // partial file is removed and tooLarge() tells this failure from the others.
     bool extractTo(const QString& destination);
+    // Members whose name (as stored, before cleaning) the test accepts are left out of
+    // extractTo; none are by default. skippedCount() tells how many the last extraction left out.
+    void setSkippedMembers(bool (*skipped)(const QString& name)) { m_skipped = skipped; }
+    int skippedCount() const { return m_skippedCount; }
     bool tooLarge() const { return m_tooLarge; }
     // 100 times the archive, at least 16 MiB and at most 4 GiB: room for records that compress
     // very well, none for an archive built to fill the disk.
@@ -66,6 +70,8 @@ private:
     OpenMode m_mode = NotOpen;
     bool m_tooLarge = false;
     struct archive* m_archive = nullptr;
+    bool (*m_skipped)(const QString& name) = nullptr;
+    int m_skippedCount = 0;
     QFile m_readFile;
     std::FILE* m_file = nullptr;
 };

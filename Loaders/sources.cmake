@@ -2,10 +2,12 @@
 set(KORVANE_LOADERS_SOURCES
     Loaders/ClcLoader.cpp
     Loaders/ComtradeAsciiReader.cpp
+    Loaders/ComtradeCompatibility.cpp
     Loaders/ComtradeConfigReader.cpp
     Loaders/ComtradeDataReader.cpp
     Loaders/ComtradeInfoReader.cpp
     Loaders/ComtradeLoader.cpp
+    Loaders/ComtradeSingleFile.cpp
     Loaders/CsvParser.cpp
     Loaders/CsvStringParser.cpp
     Loaders/EncodingDetector.cpp

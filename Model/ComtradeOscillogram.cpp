@@ -4,6 +4,7 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
 #include <cmath>
 
 void ComtradeOscillogram::setAnalogChannels(const QList<QSharedPointer<ComtradeAnalogChannel>>& channels)
@@ -36,8 +37,16 @@ int ComtradeOscillogram::preFailureSamplesFrom(const PreciseDateTime& begin) con
     return Korvane::roundedToInt(double(begin.uSecsTo(triggerTime())) * sampleRate() / 1000000);
 }
 
+int ComtradeOscillogram::sampleAtStamp(long long uSec) const
+{
+    // The first sample at or after the moment; a moment past the end gives the count of samples.
+    return int(std::lower_bound(m_timeStamps.cbegin(), m_timeStamps.cend(), uSec) - m_timeStamps.cbegin());
+}
+
 int ComtradeOscillogram::countOfPreFailureSamples() const
 {
+    if (m_isTimedByRates)
+        return sampleAtStamp(beginTime().uSecsTo(triggerTime()));
     const QList<MergedWave> waves = mergedWaves();
     if (waves.isEmpty())
         return preFailureSamplesFrom(beginTime());
@@ -54,14 +63,14 @@ int ComtradeOscillogram::countOfPreFailureSamples() const
 
 PreciseDateTime ComtradeOscillogram::dateTime(int sample) const
 {
-    if (m_isEventTriggeredOsc)
+    if (hasSampleTimes())
         return beginTime().addUSec(timeStamp(sample));
     return SimpleOscillogram::dateTime(sample);
 }
 
 PreciseDateTime ComtradeOscillogram::endTime() const
 {
-    if (m_isEventTriggeredOsc)
+    if (hasSampleTimes())
         return beginTime().addUSec(m_timeStamps.isEmpty() ? 0 : m_timeStamps.last());
     return SimpleOscillogram::endTime();
 }

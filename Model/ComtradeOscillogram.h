@@ -34,6 +34,13 @@ public:
     const QVector<long long>& timeStamps() const { return m_timeStamps; }
     void setAnalogChannels(const QList<QSharedPointer<ComtradeAnalogChannel>>& channels);
     void setDigitalChannels(const QList<QSharedPointer<ComtradeDigitalChannel>>& channels);
+    // Set by compatible reading for a file of several rates: every sample's time then comes from
+    // timeStamps(), computed from the rate table, and the trigger keeps the file's time.
+    bool isTimedByRates() const { return m_isTimedByRates; }
+    void setTimedByRates(bool timed) { m_isTimedByRates = timed; }
+    // One line for the record's information when compatible reading departed from the standard.
+    QString readingNote() const { return m_readingNote; }
+    void setReadingNote(const QString& note) { m_readingNote = note; }
     bool isComtrade2013() const { return m_version.value() == 2013; }
     bool isSetToUtc() const;
 
@@ -50,6 +57,8 @@ public:
 
 private:
     int preFailureSamplesFrom(const PreciseDateTime& begin) const;
+    bool hasSampleTimes() const { return m_isEventTriggeredOsc || m_isTimedByRates; }
+    int sampleAtStamp(long long uSec) const;
 
     ComtradeVersion m_version;
     double m_lineFrequency = 50.0;
@@ -59,4 +68,6 @@ private:
     ComtradeDataFormat m_dataFormat;
     bool m_isEventTriggeredOsc = false;
     QVector<long long> m_timeStamps;
+    bool m_isTimedByRates = false;
+    QString m_readingNote;
 };

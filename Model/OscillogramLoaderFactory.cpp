@@ -20,7 +20,7 @@ const LoaderRow* rowFor(const QString& filename)
     const QString suffix = QFileInfo(filename).suffix().toLower();
     for (const LoaderRow& row : table()) {
         if (suffix == row.suffix)
-            return &row;
+            return !row.available || row.available() ? &row : nullptr;
     }
     return nullptr;
 }

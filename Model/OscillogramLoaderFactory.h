@@ -21,6 +21,8 @@ public:
         OscillogramLoader* (*create)(const QString& filename) = nullptr;
         // A check of the file itself beyond its suffix; null where the suffix is enough.
         bool (*accepts)(const QString& filename) = nullptr;
+        // Whether the format is read at all under the current reading mode; null where it always is.
+        bool (*available)() = nullptr;
     };
 
     // Replaces the table; the first row of a suffix wins.

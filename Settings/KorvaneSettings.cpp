@@ -23,6 +23,7 @@ const QString selectedParametersKey = QStringLiteral("main/selectedParameters");
 const QString compactModeParameterKey = QStringLiteral("main/selectedParameterForCompactMode");
 const QString drawMouseMeasuresKey = QStringLiteral("main/drawMouseMeasures");
 const QString calculaterLineKey = QStringLiteral("main/calculaterLineVisibility");
+const QString compatibleLoadingKey = QStringLiteral("Loading/Compatible");
 
 const QString defaultLanguageCode = QStringLiteral("ru");
 // The first calculator of varying signals is out of service; its number now means the second.
@@ -95,6 +96,7 @@ void KorvaneSettings::restoreViewSettings()
     m_selectedParameterForCompactMode = m_settings->value(compactModeParameterKey, 0).toInt();
     m_drawMouseMeasures = m_settings->value(drawMouseMeasuresKey, false).toBool();
     m_calculaterLineVisible = m_settings->value(calculaterLineKey, false).toBool();
+    m_compatibleLoading = m_settings->value(compatibleLoadingKey, true).toBool();
 }
 
 void KorvaneSettings::saveSettings()
@@ -127,6 +129,7 @@ void KorvaneSettings::saveViewSettings()
     m_settings->setValue(compactModeParameterKey, m_selectedParameterForCompactMode);
     m_settings->setValue(drawMouseMeasuresKey, m_drawMouseMeasures);
     m_settings->setValue(calculaterLineKey, m_calculaterLineVisible);
+    m_settings->setValue(compatibleLoadingKey, m_compatibleLoading);
 }
 
 const KV::Cfg::ColorStyle& KorvaneSettings::style()

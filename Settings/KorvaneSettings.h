@@ -84,6 +84,11 @@ public:
     bool isCalculaterLineVisible() const { return m_calculaterLineVisible; }
     void setCalculaterLineVisibility(bool visible) { m_calculaterLineVisible = visible; }
 
+    // Compatible reading of COMTRADE files, on unless the user turned it off; the host hands it
+    // to the loaders.
+    bool isCompatibleLoading() const { return m_compatibleLoading; }
+    void setCompatibleLoading(bool compatible) { m_compatibleLoading = compatible; }
+
     QString languageCode() const { return m_languageCode; }
     void setLanguageCode(const QString& code) { m_languageCode = code; }
     static QStringList languageCodes();
@@ -118,6 +123,7 @@ private:
     int m_selectedParameterForCompactMode = 0;
     bool m_drawMouseMeasures = false;
     bool m_calculaterLineVisible = false;
+    bool m_compatibleLoading = true;
     QString m_languageCode;
     QStringList m_lastOpenFiles;
 };

@@ -76,11 +76,16 @@ QWidget* SettingsDialog::buildMainPage()
     m_drawMouseMeasures->setObjectName(QStringLiteral("cb_drawMouseMeasures"));
     m_calculaterLine = new QCheckBox(tr("Отображение линии вычислителя"), page);
     m_calculaterLine->setObjectName(QStringLiteral("cb_calculaterLineVisibility"));
+    m_compatibleLoading = new QCheckBox(tr("Открывать файлы COMTRADE в режиме совместимости"), page);
+    m_compatibleLoading->setObjectName(QStringLiteral("cb_compatibleLoading"));
+    m_compatibleLoading->setToolTip(tr("Читать и файлы, отступающие от стандарта: другие годы ревизии, "
+                                       "даты месяцем вперёд, несколько частот дискретизации, файлы .cff"));
 
     auto* layout = new QVBoxLayout(page);
     layout->addLayout(form);
     layout->addWidget(m_drawMouseMeasures);
     layout->addWidget(m_calculaterLine);
+    layout->addWidget(m_compatibleLoading);
     layout->addWidget(buildTimeDisplayGroup());
     layout->addWidget(buildParametersGroup());
     layout->addStretch();
@@ -169,6 +174,7 @@ void SettingsDialog::loadSettings()
     loadColorStyle();
     m_drawMouseMeasures->setChecked(m_settings->isDrawMouseMeasures());
     m_calculaterLine->setChecked(m_settings->isCalculaterLineVisible());
+    m_compatibleLoading->setChecked(m_settings->isCompatibleLoading());
     loadTimeDisplay();
     initSelectedParameters();
     m_calcPage->loadSettings();
@@ -247,6 +253,7 @@ void SettingsDialog::saveSettings()
     KorvaneSettings::setStyle(chosenColorStyle());
     m_settings->setDrawMouseMeasures(m_drawMouseMeasures->isChecked());
     m_settings->setCalculaterLineVisibility(m_calculaterLine->isChecked());
+    m_settings->setCompatibleLoading(m_compatibleLoading->isChecked());
     saveTimeDisplay();
     m_settings->setSelectedParameters(selectedParameters());
     if (m_compactModeParameter->currentIndex() >= 0)

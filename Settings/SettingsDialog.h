@@ -60,6 +60,7 @@ private:
     QComboBox* m_colorStyle;
     QCheckBox* m_drawMouseMeasures;
     QCheckBox* m_calculaterLine;
+    QCheckBox* m_compatibleLoading;
     QButtonGroup* m_timeDisplay;
     QSpinBox* m_customTimeZone;
     QVector<QCheckBox*> m_parameters;

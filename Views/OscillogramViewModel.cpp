@@ -1,5 +1,6 @@
 #include "Views/OscillogramViewModel.h"
 
+#include "Model/ComtradeOscillogram.h"
 #include "Model/NumericCast.h"
 #include "Model/Oscillograms.h"
 #include "Model/SimpleOscillogram.h"
@@ -15,6 +16,16 @@
 #include <QGuiApplication>
 
 namespace {
+// Milliseconds from the trigger to the sample: from the record's own sample times where its rate
+// table gives them, otherwise at its one rate.
+double msFromTrigger(const Oscillogram& record, int sample)
+{
+    const auto* comtrade = dynamic_cast<const ComtradeOscillogram*>(&record);
+    if (comtrade && comtrade->isTimedByRates())
+        return comtrade->timeForSample(comtrade->countOfPreFailureSamples(), sample);
+    return (sample - record.countOfPreFailureSamples()) * 1000.0 / record.sampleRate();
+}
+
 int defaultFontHeight()
 {
     return QFontMetrics(QFont()).height();
@@ -517,11 +528,8 @@ Markers::Item OscillogramViewModel::makeMarkerItem(int sample) const
 {
     Markers::Item item;
     item.sampleNumber = sample;
-    if (m_oscillogram) {
-        const double ms
-            = (sample - m_oscillogram->countOfPreFailureSamples()) * 1000.0 / m_oscillogram->sampleRate();
-        item.time = QString::number(ms, 'f', 2);
-    }
+    if (m_oscillogram)
+        item.time = QString::number(msFromTrigger(*m_oscillogram, sample), 'f', 2);
     for (AChanParModel* model : m_aParModels)
         item.values[model->channelNumber()] = model->parameterValues(sample);
     return item;

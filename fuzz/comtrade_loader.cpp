@@ -2,9 +2,11 @@
 // folder, or the input itself as a .zip. Every outcome must be a record or a failure with a
 // message of the loader's own kinds; nothing may stay behind in the temporary folder.
 //
-// Input: byte 0 chooses the form (0 pair, 1 zip, 2 pair with .inf). For the pairs, two bytes
-// give the length of the .cfg (little-endian), then its bytes; with an .inf two more bytes give
-// its length, then its bytes; the rest is the .dat.
+// Input: byte 0 chooses the form by its two lowest bits (0 pair, 1 zip, 2 pair with .inf, 3 the
+// single-file .cff) and the reading by its third bit (set: compatible; the .cff is always read
+// compatibly, the only reading that opens one). For the pairs, two bytes give the length of the
+// .cfg (little-endian), then its bytes; with an .inf two more bytes give its length, then its
+// bytes; the rest is the .dat. The zip and the .cff are the rest of the input as it stands.
 #include "Loaders/ComtradeLoader.h"
 #include "Model/Exception.h"
 
@@ -87,14 +89,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     if (size < 1)
         return 0;
-    const int form = data[0] % 3;
+    const int form = data[0] & 3;
+    const bool compatible = (data[0] & 4) != 0 || form == 3;
     ++data;
     --size;
     // The set's own folder lies beside the temporary folder, not in it.
     QTemporaryDir setFolder(temporaryFolder + QStringLiteral("/../setXXXXXX"));
     QString opened;
-    if (form == 1) {
-        opened = setFolder.filePath(QStringLiteral("set.zip"));
+    if (form == 1 || form == 3) {
+        opened = setFolder.filePath(form == 1 ? QStringLiteral("set.zip") : QStringLiteral("set.cff"));
         writeFile(opened, QByteArray(reinterpret_cast<const char*>(data), int(size)));
     } else {
         const QByteArray cfg = takePiece(data, size);
@@ -108,6 +111,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     }
     QSharedPointer<Exception> error;
     ComtradeLoader loader(opened, nullptr);
+    loader.setCompatible(compatible);
     QObject::connect(&loader, &TaskBase::error, [&error](QSharedPointer<Exception> e) { error = e; });
     loader.run();
     requireKnownOutcome(error, loader.result());

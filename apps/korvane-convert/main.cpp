@@ -1,8 +1,9 @@
-// The batch host: korvane-convert SOURCE DESTINATION converts a record without a window. On
-// failure the reason goes to the error output and the exit code is 1.
+// The batch host: korvane-convert [--strict] SOURCE DESTINATION converts a record without a
+// window. On failure the reason goes to the error output and the exit code is 1.
 
 #include "Model/EasyLibKorvane.h"
 #include "Savers/Converter.h"
+#include "apps/ReadingOption.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -12,7 +13,7 @@ int main(int argc, char* argv[])
     QCoreApplication app(argc, argv);
     EasyLibKorvane::initialize();
     QString error;
-    if (Converter::convertOsc(app.arguments().mid(1), error))
+    if (Converter::convertOsc(applyReadingOption(app.arguments().mid(1)), error))
         return 0;
     QTextStream err(stderr);
     err.setCodec("UTF-8");

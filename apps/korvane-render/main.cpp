@@ -1,10 +1,11 @@
 // Renders a record without a screen: one row per channel, the whole record across the width,
 // drawn by the same call that paints the plots of the record view.
 //
-//   korvane-render RECORD OUTPUT.png [WIDTH] [ROW HEIGHT]
+//   korvane-render [--strict] RECORD OUTPUT.png [WIDTH] [ROW HEIGHT]
 
 #include "Model/EasyLibKorvane.h"
 #include "RecordPicture.h"
+#include "apps/ReadingOption.h"
 
 #include <QGuiApplication>
 #include <QTextStream>
@@ -28,9 +29,9 @@ int main(int argc, char* argv[])
     QGuiApplication app(argc, argv);
     EasyLibKorvane::initialize();
     QTextStream err(stderr);
-    const QStringList arguments = app.arguments();
+    const QStringList arguments = applyReadingOption(app.arguments());
     if (arguments.size() < 3) {
-        err << "usage: korvane-render RECORD OUTPUT.png [WIDTH] [ROW HEIGHT]\n";
+        err << "usage: korvane-render [--strict] RECORD OUTPUT.png [WIDTH] [ROW HEIGHT]\n";
         return 2;
     }
     const int width = positiveArgument(arguments, 3, 1600);

@@ -1,5 +1,6 @@
 #include "RecordSummary.h"
 
+#include "Model/ComtradeOscillogram.h"
 #include "Model/KorvaneFormat.h"
 #include "Model/Oscillogram.h"
 
@@ -18,6 +19,9 @@ QString recordSummary(const Oscillogram& record)
         << "Begin: " << record.beginTime().toString() << '\n'
         << "Trigger: " << record.triggerTime().toString() << '\n'
         << "End: " << record.endTime().toString() << '\n';
+    const auto* comtrade = dynamic_cast<const ComtradeOscillogram*>(&record);
+    if (comtrade && !comtrade->readingNote().isEmpty())
+        out << comtrade->readingNote() << '\n';
     for (int i = 0; i < record.countOfAnalogChannels(); ++i) {
         const auto channel = record.analogChannel(i);
         out << "  A" << i + 1 << ' ' << channel->name() << " [" << channel->unit() << "]\n";

@@ -1,8 +1,10 @@
 // The library's first host: opens the record named on the command line, or the sample record
 // the build makes, and prints what it holds.
 
+#include "Loaders/ComtradeLoader.h"
 #include "Model/EasyLibKorvane.h"
 #include "RecordSummary.h"
+#include "Settings/KorvaneSettings.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -11,6 +13,8 @@ int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
     EasyLibKorvane::initialize();
+    // COMTRADE is read as the user chose in the settings, compatibly unless turned off.
+    ComtradeLoader::setDefaultCompatible(KorvaneSettings().isCompatibleLoading());
     QTextStream out(stdout);
     QTextStream err(stderr);
     const QStringList arguments = app.arguments();

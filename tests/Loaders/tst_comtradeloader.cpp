@@ -2,6 +2,7 @@
 #include "ExactCompare.h"
 #include "FixtureFiles.h"
 #include "ModalDialogs.h"
+#include "RecordCompare.h"
 #include "ZipFixture.h"
 
 #include "CalcLib/Comtrade.h"
@@ -105,36 +106,6 @@ QStringList leftovers(const QString& dir)
     return QDir(dir).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
 }
 
-void verifySamples(const ComtradeOscillogram& record, const ComtradeSetDescription& set)
-{
-    QCOMPARE(record.countOfSamples(), set.samples);
-    QCOMPARE(record.countOfAnalogChannels(), set.analogs);
-    QCOMPARE(record.countOfDigitalChannels(), set.digitals);
-    for (int c = 0; c < set.analogs; ++c) {
-        const auto channel = record.analogChannel(c);
-        QCOMPARE(channel->name(), set.analogName(c));
-        QCOMPARE(channel->unit(), set.unitText(c));
-        const double a = set.multiplierText(c).toDouble();
-        const double b = set.offsetText(c).toDouble();
-        KORVANE_COMPARE_EXACTLY(channel->multiplier(), a);
-        KORVANE_COMPARE_EXACTLY(channel->offsetAdder(), b);
-        for (int s = 0; s < set.samples; ++s) {
-            const double raw = storedRaw(set, s, c);
-            KORVANE_COMPARE_EXACTLY(channel->getValue(s), raw);
-            // The physical value is raw * a + b in double, as any reader computes it.
-            KORVANE_COMPARE_EXACTLY(channel->getRealValue(channel->getValue(s)), raw * a + b);
-            if (QTest::currentTestFailed())
-                return;
-        }
-    }
-    for (int c = 0; c < set.digitals; ++c) {
-        const auto channel = record.digitalChannel(c);
-        QCOMPARE(channel->name(), set.digitalName(c));
-        for (int s = 0; s < set.samples; ++s)
-            QCOMPARE(channel->value(s), set.bit(s, c));
-    }
-}
-
 ComtradeSetDescription smallSet(int year, const QString& format)
 {
     ComtradeSetDescription set;
@@ -190,7 +161,7 @@ private slots:
         QCOMPARE(errorText(outcome), QString());
         const auto record = outcome.record();
         QVERIFY(record);
-        verifySamples(*record, set);
+        verifySetValues(*record, set);
         QCOMPARE(record->version().value(), year == 0 ? 1991 : year);
         QCOMPARE(record->dataFormat().toString().toLower(), format.toLower());
         KORVANE_COMPARE_EXACTLY(record->sampleRate(), 1000.0);
@@ -297,7 +268,7 @@ private slots:
                 for (int s = 0; s < set.samples; ++s)
                     QCOMPARE(record->timeStamp(s), 7LL * s);
             }
-            verifySamples(*record, set);
+            verifySetValues(*record, set);
         }
     }
 
@@ -381,7 +352,7 @@ private slots:
         QVERIFY(writeComtradeSet(dir.filePath(QStringLiteral("c")), set));
         const auto record = load(dir.filePath(QStringLiteral("c.cfg"))).record();
         QVERIFY(record);
-        verifySamples(*record, set);
+        verifySetValues(*record, set);
     }
 
     void asciiEndsAtSubstituteLine()
@@ -392,7 +363,7 @@ private slots:
         QVERIFY(writeFile(dir.filePath(QStringLiteral("z.dat")), comtradeDat(set) + "\x1a\n1,0,5,5,1,1,1\n"));
         const auto record = load(dir.filePath(QStringLiteral("z.cfg"))).record();
         QVERIFY(record);
-        verifySamples(*record, set);
+        verifySetValues(*record, set);
     }
 
     void asciiEmptyFieldsReadAsZero()
@@ -477,7 +448,7 @@ private slots:
         QVERIFY(writeFile(dir.filePath(QStringLiteral("m.dat")), "\xef\xbb\xbf" + comtradeDat(set)));
         const auto record = load(dir.filePath(QStringLiteral("m.cfg"))).record();
         QVERIFY(record);
-        verifySamples(*record, set);
+        verifySetValues(*record, set);
     }
 
     void largeFilesAcrossReadBlocks_data()
@@ -500,7 +471,7 @@ private slots:
         QVERIFY(writeComtradeSet(dir.filePath(QStringLiteral("big")), set));
         const LoadOutcome outcome = load(dir.filePath(QStringLiteral("big.cfg")));
         QCOMPARE(errorText(outcome), QString());
-        verifySamples(*outcome.record(), set);
+        verifySetValues(*outcome.record(), set);
     }
 
     void binaryOfZeroLengthHasNoSamples()
@@ -544,13 +515,13 @@ private slots:
         QVERIFY(writeFile(dir.filePath(QStringLiteral("abc_old.dat")), comtradeDat(other)));
         auto record = load(dir.filePath(QStringLiteral("abc.cfg"))).record();
         QVERIFY(record);
-        verifySamples(*record, set);
+        verifySetValues(*record, set);
         // "x.mycfg" ends in cfg and counts as the configuration.
         QTemporaryDir second;
         QVERIFY(writeComtradeSet(second.filePath(QStringLiteral("x")), set, QStringLiteral(".mycfg")));
         record = load(second.filePath(QStringLiteral("x.cfg"))).record();
         QVERIFY(record);
-        verifySamples(*record, set);
+        verifySetValues(*record, set);
     }
 
     void upperCaseSuffixes()
@@ -561,7 +532,7 @@ private slots:
             dir.filePath(QStringLiteral("UP")), set, QStringLiteral(".CFG"), QStringLiteral(".DAT")));
         const auto record = load(dir.filePath(QStringLiteral("UP.CFG"))).record();
         QVERIFY(record);
-        verifySamples(*record, set);
+        verifySetValues(*record, set);
         QVERIFY(ComtradeLoader::isComtrade(dir.filePath(QStringLiteral("UP.CFG"))));
     }
 
@@ -728,7 +699,7 @@ private slots:
         QCOMPARE(errorText(outcome), QString());
         const auto record = outcome.record();
         QVERIFY(record);
-        verifySamples(*record, smallSet(2013, QStringLiteral("BINARY")));
+        verifySetValues(*record, smallSet(2013, QStringLiteral("BINARY")));
         QCOMPARE(record->filename(), zip);
         QCOMPARE(record->rasObjects().value(0).devices.value(0).comtradeFileName, QStringLiteral("set.zip"));
         QCOMPARE(outcome.progress.value(0), qMakePair(QStringLiteral("Извлечение архива"), 0.0));
@@ -1032,7 +1003,7 @@ private slots:
         QVERIFY(EasyLibKorvane::open(dir.filePath(QStringLiteral("ok.cfg")), nullptr,
             [&record](LoaderResult& result) { record = result.oscillogram; }));
         QVERIFY(record);
-        verifySamples(*record.staticCast<ComtradeOscillogram>(), set);
+        verifySetValues(*record.staticCast<ComtradeOscillogram>(), set);
     }
 
 private:

@@ -60,20 +60,22 @@ QVariant field(const KorvaneSettings& s, const QString& name)
         return s.isDrawMouseMeasures();
     if (name == QLatin1String("calculaterLineVisible"))
         return s.isCalculaterLineVisible();
+    if (name == QLatin1String("compatibleLoading"))
+        return s.isCompatibleLoading();
     if (name == QLatin1String("blockCalcSettings"))
         return s.blockCalcSettings();
     return QVariant();
 }
 
-const QStringList allKeys
-    = { QStringLiteral("KorvaneCalculator/type"), QStringLiteral("KorvaneCalculator/constType"),
-          QStringLiteral("KorvaneCalculator/calcDuration"), QStringLiteral("KorvaneCalculator/devType"),
-          QStringLiteral("KorvaneCalculator/manualFlag"), QStringLiteral("KorvaneCalculator/manualInterval"),
-          QStringLiteral("Spectrum/firstHarmScale"), QStringLiteral("main/timeDisplayMode"),
-          QStringLiteral("main/customTimeZone"), QStringLiteral("main/colorStyle"),
-          QStringLiteral("main/lastOpenOscillograms"), QStringLiteral("Language/LanguageCode"),
-          QStringLiteral("main/selectedParameters"), QStringLiteral("main/selectedParameterForCompactMode"),
-          QStringLiteral("main/drawMouseMeasures"), QStringLiteral("main/calculaterLineVisibility") };
+const QStringList allKeys = { QStringLiteral("KorvaneCalculator/type"),
+    QStringLiteral("KorvaneCalculator/constType"), QStringLiteral("KorvaneCalculator/calcDuration"),
+    QStringLiteral("KorvaneCalculator/devType"), QStringLiteral("KorvaneCalculator/manualFlag"),
+    QStringLiteral("KorvaneCalculator/manualInterval"), QStringLiteral("Spectrum/firstHarmScale"),
+    QStringLiteral("main/timeDisplayMode"), QStringLiteral("main/customTimeZone"),
+    QStringLiteral("main/colorStyle"), QStringLiteral("main/lastOpenOscillograms"),
+    QStringLiteral("Language/LanguageCode"), QStringLiteral("main/selectedParameters"),
+    QStringLiteral("main/selectedParameterForCompactMode"), QStringLiteral("main/drawMouseMeasures"),
+    QStringLiteral("main/calculaterLineVisibility"), QStringLiteral("Loading/Compatible") };
 } // namespace
 
 class TestKorvaneSettings : public QObject
@@ -157,6 +159,7 @@ void TestKorvaneSettings::absentFileGivesDefaults_data()
     QTest::newRow("compact mode shows parameter 0") << "selectedParameterForCompactMode" << QVariant(0);
     QTest::newRow("no mouse measures") << "drawMouseMeasures" << QVariant(false);
     QTest::newRow("calculator line hidden") << "calculaterLineVisible" << QVariant(false);
+    QTest::newRow("compatible COMTRADE reading on") << "compatibleLoading" << QVariant(true);
     QTest::newRow("calculator settings not blocked") << "blockCalcSettings" << QVariant(false);
 }
 
@@ -216,6 +219,7 @@ void TestKorvaneSettings::valuesSurviveSaveAndRestore_data()
     QTest::newRow("compact mode parameter 4") << "selectedParameterForCompactMode" << QVariant(4);
     QTest::newRow("mouse measures on") << "drawMouseMeasures" << QVariant(true);
     QTest::newRow("calculator line shown") << "calculaterLineVisible" << QVariant(true);
+    QTest::newRow("strict COMTRADE reading") << "compatibleLoading" << QVariant(false);
 }
 
 void TestKorvaneSettings::valuesSurviveSaveAndRestore()
@@ -242,6 +246,7 @@ void TestKorvaneSettings::valuesSurviveSaveAndRestore()
         settings.setSelectedParameterForCompactMode(4);
         settings.setDrawMouseMeasures(true);
         settings.setCalculaterLineVisibility(true);
+        settings.setCompatibleLoading(false);
         settings.saveSettings();
     }
     KV::Cfg::ColorStyle::setCurrent(KV::Cfg::ColorStyle::Standard);

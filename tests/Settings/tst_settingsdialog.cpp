@@ -180,6 +180,8 @@ void TestSettingsDialog::texts_data()
                                     << "Создание замера курсором мыши";
     QTest::newRow("calculator line") << "cb_calculaterLineVisibility"
                                      << "Отображение линии вычислителя";
+    QTest::newRow("compatible reading") << "cb_compatibleLoading"
+                                        << "Открывать файлы COMTRADE в режиме совместимости";
     QTest::newRow("time group") << "gb_timeDisplay"
                                 << "Отображение времени в осциллограммах";
     QTest::newRow("device local time")
@@ -340,6 +342,8 @@ void TestSettingsDialog::saveStoresEveryField()
 {
     child<QCheckBox>(QStringLiteral("cb_drawMouseMeasures"))->setChecked(true);
     child<QCheckBox>(QStringLiteral("cb_calculaterLineVisibility"))->setChecked(true);
+    QVERIFY(child<QCheckBox>(QStringLiteral("cb_compatibleLoading"))->isChecked());
+    child<QCheckBox>(QStringLiteral("cb_compatibleLoading"))->setChecked(false);
     child<QRadioButton>(QStringLiteral("rb_customTimeZone"))->setChecked(true);
     child<QSpinBox>(QStringLiteral("sb_customTimeZone"))->setValue(-4);
     checkParameters({ true, false, true, true, false, false });
@@ -348,6 +352,7 @@ void TestSettingsDialog::saveStoresEveryField()
 
     QCOMPARE(readKey(QStringLiteral("main/drawMouseMeasures")).toBool(), true);
     QCOMPARE(readKey(QStringLiteral("main/calculaterLineVisibility")).toBool(), true);
+    QCOMPARE(readKey(QStringLiteral("Loading/Compatible")).toBool(), false);
     QCOMPARE(readKey(QStringLiteral("main/timeDisplayMode")).toInt(), 2);
     QCOMPARE(readKey(QStringLiteral("main/customTimeZone")).toInt(), -4);
     QCOMPARE(readKey(QStringLiteral("main/selectedParameterForCompactMode")).toInt(), 3);

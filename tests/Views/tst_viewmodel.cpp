@@ -1,4 +1,5 @@
 #include "Calc/CalcModule.h"
+#include "Model/ComtradeOscillogram.h"
 #include "Model/SimpleOscillogram.h"
 #include "Settings/ColorStyle.h"
 #include "Settings/KorvaneSettings.h"
@@ -94,6 +95,7 @@ private slots:
     void measureSlots();
     void markerSlotsRepaint();
     void markerItemTimeText();
+    void markerTimeOfARecordOfSeveralRates();
     void timePositionFromTrigger();
     void triggerTimeOnSimpleRecord();
     void anomalyReportTexts();
@@ -483,6 +485,24 @@ void TestViewModel::markerItemTimeText()
     model.setCurrentSample(41);
     QCOMPARE(model.makeMarkerItem().sampleNumber, 41);
     QCOMPARE(model.makeMarkerItem().time, QStringLiteral("1.00"));
+}
+
+// Two rates, 1000 Hz up to sample 4 and 500 Hz after: each sample lies one period of its own
+// rate after the one before, so sample 7 (from 0) lies 11 ms after the first and the trigger,
+// 5 ms after the first, falls on sample 4.
+void TestViewModel::markerTimeOfARecordOfSeveralRates()
+{
+    auto record = QSharedPointer<ComtradeOscillogram>::create();
+    record->setSampleRate(1000.0);
+    record->timeStamps() = { 0, 1000, 2000, 3000, 5000, 7000, 9000, 11000, 13000, 15000 };
+    record->setTimedByRates(true);
+    record->setCountOfSamples(10);
+    record->setFirstValueTime(PreciseDateTime(2020, 2, 1, 3, 4, 5, 0, 0));
+    record->setTriggerTime(PreciseDateTime(2020, 2, 1, 3, 4, 5, 5000, 0));
+    OscillogramViewModel model;
+    model.setOscillogram(record);
+    QCOMPARE(model.makeMarkerItem(7).time, QStringLiteral("6.00"));
+    QCOMPARE(model.makeMarkerItem(1).time, QStringLiteral("-4.00"));
 }
 
 void TestViewModel::timePositionFromTrigger()

@@ -59,6 +59,34 @@ private slots:
             QCOMPARE(loaded.record->analogChannel(1)->Channel::getValue(s, 1), smallSetRaw(s, 1));
     }
 
+    // A 1991 set whose digital line has the five fields of later years: compatible reading, the
+    // host's default, converts it; --strict refuses it, wherever the option stands.
+    void compatibleUnlessStrict()
+    {
+        const QString cfg = m_dir.filePath(QStringLiteral("wide.cfg"));
+        QVERIFY(writeFile(cfg,
+            "S,R\n2,1A,1D\n1,Ia,A,,A,0.5,0,0,-1000,1000\n1,Trip,A,Breaker,0\n50\n1\n1000,2\n"
+            "01/02/2020,03:04:05.000000\n01/02/2020,03:04:05.001000\nASCII\n"));
+        QVERIFY(writeFile(m_dir.filePath(QStringLiteral("wide.dat")), "1,0,10,1\n2,1000,20,0\n"));
+        const QString target = m_dir.filePath(QStringLiteral("wide.zip"));
+        QCOMPARE(runConvert({ cfg, target }).exitCode, 0);
+        const LoadedRecord loaded = loadComtrade(target);
+        QVERIFY2(loaded.record, qPrintable(loaded.error));
+        QCOMPARE(loaded.record->digitalChannel(0)->name(), QStringLiteral("Trip"));
+        // Raw 20 at a multiplier of 0.5.
+        QCOMPARE(loaded.record->analogChannel(0)->getRealValue(loaded.record->analogChannel(0)->getValue(1)),
+            10.0);
+        QVERIFY(QFile::remove(target));
+
+        for (const QStringList& args : { QStringList { QStringLiteral("--strict"), cfg, target },
+                 QStringList { cfg, target, QStringLiteral("--strict") } }) {
+            const Run run = runConvert(args);
+            QCOMPARE(run.exitCode, 1);
+            QCOMPARE(run.err, QStringLiteral("Невозможно открыть файл wide.cfg\n"));
+            QVERIFY(!QFileInfo::exists(target));
+        }
+    }
+
     void refusals_data()
     {
         QTest::addColumn<QStringList>("args");

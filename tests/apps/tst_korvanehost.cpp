@@ -1,4 +1,9 @@
+#include "ComtradeFixture.h"
+#include "FixtureFiles.h"
+
+#include <QDir>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -9,9 +14,15 @@ struct Run
     QString err;
 };
 
-Run runHost(const QStringList& arguments)
+// The user's settings are looked for under configHome when it is given.
+Run runHost(const QStringList& arguments, const QString& configHome = QString())
 {
     QProcess process;
+    if (!configHome.isEmpty()) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), configHome);
+        process.setProcessEnvironment(environment);
+    }
     process.start(QStringLiteral(KORVANE_HOST), arguments);
     process.waitForFinished(60000);
     return { process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
@@ -42,6 +53,30 @@ private slots:
         const Run run = runHost({ QStringLiteral("/nonexistent/notes.txt") });
         QCOMPARE(run.exitCode, 1);
         QVERIFY(run.err.contains(QStringLiteral("Формат файла не поддерживается")));
+    }
+
+    // A set of 1999 lines under the year 2000, which strict reading refuses.
+    void readsCompatiblyUnlessTheSettingsSayOtherwise()
+    {
+        QTemporaryDir dir;
+        KorvaneTest::ComtradeSetDescription set;
+        set.year = 1999;
+        QByteArray cfg = KorvaneTest::comtradeCfg(set);
+        cfg = "Station,Recorder,2000" + cfg.mid(cfg.indexOf('\n'));
+        const QString path = dir.filePath(QStringLiteral("r.cfg"));
+        QVERIFY(KorvaneTest::writeFile(path, cfg));
+        QVERIFY(KorvaneTest::writeFile(dir.filePath(QStringLiteral("r.dat")), KorvaneTest::comtradeDat(set)));
+
+        const QString configHome = dir.filePath(QStringLiteral("config"));
+        Run run = runHost({ path }, configHome);
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(run.out.contains(
+            QStringLiteral("Прочитано в режиме совместимости: год ревизии \"2000\" прочитан как 1999\n")));
+
+        QVERIFY(KorvaneTest::writeFile(
+            configHome + QStringLiteral("/korvane/Korvane.ini"), "[Loading]\nCompatible=false\n"));
+        run = runHost({ path }, configHome);
+        QCOMPARE(run.exitCode, 1);
     }
 
     void reportsAMissingSet()

@@ -8,19 +8,20 @@
 namespace {
 // 100 samples at 1000 Hz, trigger at the first sample: an analogue channel of 0 for samples
 // 0..49 and 128 after, and a discrete channel clear, then set, at the same moment.
-void writeStepRecord(const QString& base)
+void writeStepRecord(const QString& base, const QByteArray& year = "1999")
 {
-    const QByteArray cfg = "station,device,1999\r\n"
-                           "2,1A,1D\r\n"
-                           "1,U,,,V,1.0,0.0,0.0,-32767,32767,1,1,P\r\n"
-                           "1,D,,,0\r\n"
-                           "50\r\n"
-                           "1\r\n"
-                           "1000,100\r\n"
-                           "01/01/2024,10:00:00.000000\r\n"
-                           "01/01/2024,10:00:00.000000\r\n"
-                           "ASCII\r\n"
-                           "1.0\r\n";
+    const QByteArray cfg = "station,device," + year
+        + "\r\n"
+          "2,1A,1D\r\n"
+          "1,U,,,V,1.0,0.0,0.0,-32767,32767,1,1,P\r\n"
+          "1,D,,,0\r\n"
+          "50\r\n"
+          "1\r\n"
+          "1000,100\r\n"
+          "01/01/2024,10:00:00.000000\r\n"
+          "01/01/2024,10:00:00.000000\r\n"
+          "ASCII\r\n"
+          "1.0\r\n";
     QByteArray dat;
     for (int s = 0; s < 100; ++s) {
         const bool after = s >= 50;
@@ -48,6 +49,7 @@ private slots:
     void writesOneRowPerChannel();
     void defaultSize();
     void missingArgumentsAndFiles();
+    void compatibleUnlessStrict();
 };
 
 void TestKorvaneRender::writesOneRowPerChannel()
@@ -99,6 +101,20 @@ void TestKorvaneRender::missingArgumentsAndFiles()
     QCOMPARE(run({ dir.filePath(QStringLiteral("step.cfg")), dir.filePath(QStringLiteral("x.png")),
                  QStringLiteral("0") }),
         2);
+}
+
+// The year 2000 over lines of 1999: drawn in compatible reading, the default; refused by --strict.
+void TestKorvaneRender::compatibleUnlessStrict()
+{
+    QTemporaryDir dir;
+    writeStepRecord(dir.filePath(QStringLiteral("step")), "2000");
+    const QString cfg = dir.filePath(QStringLiteral("step.cfg"));
+    const QString png = dir.filePath(QStringLiteral("step.png"));
+    QCOMPARE(run({ cfg, png }), 0);
+    QCOMPARE(QImage(png).size(), QSize(1600, 160));
+    QVERIFY(QFile::remove(png));
+    QCOMPARE(run({ QStringLiteral("--strict"), cfg, png }), 1);
+    QVERIFY(!QFile::exists(png));
 }
 
 QTEST_GUILESS_MAIN(TestKorvaneRender)
