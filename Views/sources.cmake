@@ -3,7 +3,9 @@ set(KORVANE_VIEWS_SOURCES
     Views/AChanParModel.cpp
     Views/DiaMarkersTable.cpp
     Views/MarkersTableModel.cpp
+    Views/MouseEventsToSignals.cpp
     Views/OscillogramViewModel.cpp
+    Views/PlotGestures.cpp
     Views/TimeMeasureMode.cpp
     Views/XScale.cpp
     Views/Painters/AnalogPainter.cpp
