@@ -205,6 +205,8 @@ public slots:
     void removeMarker(const Markers::Item& item);
     void setMarkers(const QList<Markers::Item>& items);
     void clearMarkers();
+    // Markers cleared, and their table set up again for the rows the view holds now.
+    void resetMarkers();
 
     void setAnalogActionList(const QList<QAction*>& actions) { m_analogActionList = actions; }
     QList<QAction*> analogActionList() const { return m_analogActionList; }
@@ -219,7 +221,6 @@ private:
     int countOfChannels() const;
     QSharedPointer<Channel> channelAt(int channel) const;
     void resetPositionAndRows();
-    void resetMarkers();
     int calculaterWindowInSamples() const;
 
     bool m_isModified = false;

@@ -2,9 +2,14 @@
 set(KORVANE_VIEWS_SOURCES
     Views/AChanParModel.cpp
     Views/DiaMarkersTable.cpp
+    Views/EasyLibKorvaneView.cpp
     Views/MarkersTableModel.cpp
     Views/MouseEventsToSignals.cpp
+    Views/OscillogramView.cpp
+    Views/OscillogramViewActions.cpp
     Views/OscillogramViewModel.cpp
+    Views/OscillogramViewSlots.cpp
+    Views/OscillogramViewToolBar.cpp
     Views/PlotGestures.cpp
     Views/TimeMeasureMode.cpp
     Views/XScale.cpp
