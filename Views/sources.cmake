@@ -1,6 +1,11 @@
 # Sources of Views/, relative to the project root.
 set(KORVANE_VIEWS_SOURCES
     Views/AChanParModel.cpp
+    Views/Commands/ChangeTriggerCommand.cpp
+    Views/Commands/ChannelCommands.cpp
+    Views/Commands/MarkerCommands.cpp
+    Views/Commands/SplitterCommands.cpp
+    Views/Commands/ViewCommands.cpp
     Views/DiaMarkersTable.cpp
     Views/MarkersTableModel.cpp
     Views/OscillogramViewModel.cpp
