@@ -6,9 +6,11 @@ set(KORVANE_VIEWS_SOURCES
     Views/Commands/MarkerCommands.cpp
     Views/Commands/SplitterCommands.cpp
     Views/Commands/ViewCommands.cpp
+    Views/CurrentTimePositionView.cpp
     Views/DiaMarkersTable.cpp
     Views/MarkersTableModel.cpp
     Views/OscillogramViewModel.cpp
+    Views/TimeLine.cpp
     Views/TimeMeasureMode.cpp
     Views/XScale.cpp
     Views/Painters/AnalogPainter.cpp
