@@ -1,6 +1,12 @@
 # Sources of Views/, relative to the project root.
 set(KORVANE_VIEWS_SOURCES
     Views/AChanParModel.cpp
+    Views/Commands/ChangeTriggerCommand.cpp
+    Views/Commands/ChannelCommands.cpp
+    Views/Commands/MarkerCommands.cpp
+    Views/Commands/SplitterCommands.cpp
+    Views/Commands/ViewCommands.cpp
+    Views/CurrentTimePositionView.cpp
     Views/DiaMarkersTable.cpp
     Views/EasyLibKorvaneView.cpp
     Views/MarkersTableModel.cpp
@@ -11,6 +17,7 @@ set(KORVANE_VIEWS_SOURCES
     Views/OscillogramViewSlots.cpp
     Views/OscillogramViewToolBar.cpp
     Views/PlotGestures.cpp
+    Views/TimeLine.cpp
     Views/TimeMeasureMode.cpp
     Views/XScale.cpp
     Views/Painters/AnalogPainter.cpp
