@@ -5,7 +5,10 @@
 
 #include "Model/Oscillogram.h"
 #include "Settings/KorvaneSettings.h"
+#include "Views/Commands/ViewCommands.h"
+#include "Views/CurrentTimePositionView.h"
 #include "Views/OscillogramViewModel.h"
+#include "Views/TimeLine.h"
 
 #include <QAction>
 #include <QFileInfo>
@@ -31,6 +34,8 @@ OscillogramView::OscillogramView(QSharedPointer<KorvaneSettings>& settings, QWid
     redo->setShortcut(QKeySequence::Redo);
     addAction(undo);
     addAction(redo);
+    d->commands = new ViewCommands(d->undoStack, this);
+    d->commands->setOscillogramViewModel(d->model);
     createToolBar();
     d->toolBar->hide();
     buildLayout();
@@ -52,12 +57,16 @@ void OscillogramView::buildLayout()
     auto* leftLayout = new QVBoxLayout(left);
     leftLayout->setSpacing(0);
     leftLayout->setContentsMargins(0, 0, 0, 0);
+    d->currentTimePosition = new CurrentTimePositionView;
+    leftLayout->addWidget(d->currentTimePosition);
     leftLayout->addWidget(d->listSplitter, 100);
     left->setMinimumWidth(Private::leftMinimumWidth);
     auto* right = new QWidget;
     auto* rightLayout = new QVBoxLayout(right);
     rightLayout->setSpacing(0);
     rightLayout->setContentsMargins(0, 0, 0, 0);
+    d->timeLine = new TimeLine;
+    rightLayout->addWidget(d->timeLine);
     rightLayout->addWidget(d->imageSplitter, 100);
     d->lrSplitter = new QSplitter(Qt::Horizontal);
     d->lrSplitter->setChildrenCollapsible(false);
@@ -74,6 +83,12 @@ void OscillogramView::buildLayout()
 
 void OscillogramView::connectModel()
 {
+    connect(d->timeLine, &TimeLine::sigSetTrigger, this, &OscillogramView::slotSetTriggerTime);
+    connect(d->lrSplitter, &QSplitter::splitterMoved, this, &OscillogramView::slotLRSplitterMoved);
+    connect(d->listSplitter, &QSplitter::splitterMoved, this, &OscillogramView::slotListADSMoved);
+    connect(d->imageSplitter, &QSplitter::splitterMoved, this, &OscillogramView::slotImageADSMoved);
+    d->timeLine->setOscillogramViewModel(d->model);
+    d->currentTimePosition->setOscillogramViewModel(d->model);
     connect(d->model.data(), &OscillogramViewModel::sigWaveChanged, this, &OscillogramView::slotCheckWave);
     connect(d->model.data(), &OscillogramViewModel::sigRightMouseClicked, this,
         &OscillogramView::slotRightClicked);
@@ -123,6 +138,16 @@ void OscillogramView::showToolbar()
 void OscillogramView::hideToolbar()
 {
     d->toolBar->hide();
+}
+
+TimeLine* OscillogramView::timeLine() const
+{
+    return d->timeLine;
+}
+
+QSplitter* OscillogramView::lrSplitter() const
+{
+    return d->lrSplitter;
 }
 
 QToolBar* OscillogramView::toolBar() const

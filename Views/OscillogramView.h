@@ -10,8 +10,10 @@ class KorvaneSettings;
 class Oscillogram;
 class OscillogramViewModel;
 class QAction;
+class QSplitter;
 class QToolBar;
 class QUndoStack;
+class TimeLine;
 
 // The widget that shows one record: the tool bar on top, the analogue and discrete rows with their
 // parameter panels on the left and the time line above the plots. It owns the view model, which it
@@ -38,6 +40,9 @@ public:
     void showToolbar();
     void hideToolbar();
     QToolBar* toolBar() const;
+    TimeLine* timeLine() const;
+    // The splitter between the parameter panels on the left and the plots on the right.
+    QSplitter* lrSplitter() const;
     QUndoStack* undoStack() const;
     // The model's flag, or a command pushed since the last save.
     bool isModified() const;
@@ -90,6 +95,10 @@ public slots:
     void slotAppendMarker();
     void slotClearMarkers();
     void slotShowSelectedChannelsTriggered();
+    void slotLRSplitterMoved(int position, int index);
+    void slotADSplitterMoved(const QList<int>& sizes);
+    void slotListADSMoved(int position, int index);
+    void slotImageADSMoved(int position, int index);
     void slotSaveOscillogram();
     void slotSaveAs(int format);
 

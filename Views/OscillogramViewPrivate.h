@@ -6,12 +6,15 @@
 #include <QString>
 #include <QTemporaryDir>
 
+class CurrentTimePositionView;
 class KorvaneSettings;
 class OscillogramViewModel;
 class QAction;
 class QSplitter;
 class QToolBar;
 class QUndoStack;
+class TimeLine;
+class ViewCommands;
 
 // The parts of an OscillogramView; the model comes first, as every child is given it.
 struct OscillogramView::Private
@@ -24,6 +27,9 @@ struct OscillogramView::Private
     QToolBar* toolBar = nullptr;
     QAction* actions[ViewAction::Count] = {};
     QUndoStack* undoStack = nullptr;
+    ViewCommands* commands = nullptr;
+    TimeLine* timeLine = nullptr;
+    CurrentTimePositionView* currentTimePosition = nullptr;
     QTemporaryDir temporaryDir;
     QString temporaryFilePath;
     QString name;

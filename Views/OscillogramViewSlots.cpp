@@ -9,6 +9,7 @@
 #include "Model/SimpleOscillogram.h"
 #include "Savers/ComtradeSaver.h"
 #include "Settings/SettingsDialog.h"
+#include "Views/Commands/ViewCommands.h"
 #include "Views/DiaMarkersTable.h"
 #include "Views/OscillogramViewModel.h"
 
@@ -17,6 +18,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QSplitter>
 #include <QThread>
 
 using namespace ViewAction;
@@ -251,16 +253,38 @@ bool OscillogramView::saveTo(const QString& path)
 
 void OscillogramView::slotSetTriggerTime(int sample)
 {
-    d->model->setTriggerTime(sample);
+    d->commands->slotSetTriggerTime(sample);
     d->triggerChanged = true;
 }
 
 void OscillogramView::slotAppendMarker()
 {
-    d->model->appendMarker(d->model->makeMarkerItem());
+    d->commands->slotAppendMarker();
 }
 
 void OscillogramView::slotClearMarkers()
 {
-    d->model->clearMarkers();
+    d->commands->slotClearMarkers();
+}
+
+void OscillogramView::slotLRSplitterMoved(int, int)
+{
+    d->commands->slotLRSplitterMoved(d->lrSplitter);
+}
+
+void OscillogramView::slotADSplitterMoved(const QList<int>& sizes)
+{
+    d->commands->slotADSplitterMoved(d->listSplitter, d->imageSplitter, sizes);
+}
+
+// The parameter lists and the plots keep one border between analogue and discrete rows: a move of
+// either splitter is set on both, through one command.
+void OscillogramView::slotListADSMoved(int, int)
+{
+    slotADSplitterMoved(d->listSplitter->sizes());
+}
+
+void OscillogramView::slotImageADSMoved(int, int)
+{
+    slotADSplitterMoved(d->imageSplitter->sizes());
 }

@@ -17,6 +17,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QSignalSpy>
+#include <QSplitter>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -79,6 +80,8 @@ private slots:
     void areaSizesShareTheSplitter();
     void modifiedFollowsTheModelAndTheUndoStack();
     void openFillsTheView();
+    void triggerAndMarkersGoThroughUndo();
+    void splitterMoveGoesThroughUndo();
     void openOfAnUnknownFormatGivesNoLoader();
     void failedOpenLeavesTheViewEmpty();
 
@@ -281,6 +284,43 @@ void TestOscillogramView::modifiedFollowsTheModelAndTheUndoStack()
     QVERIFY(m_view->isModified());
     m_view->resetModified();
     QVERIFY(!m_view->isModified());
+}
+
+void TestOscillogramView::triggerAndMarkersGoThroughUndo()
+{
+    const auto record = recordInTriggerSecond();
+    m_view->setOscillogram(record);
+    const auto model = m_view->oscillogramViewModel();
+    model->setCurrentSample(800);
+    action(ViewAction::SetTrigger)->trigger();
+    QCOMPARE(record->countOfPreFailureSamples(), 800);
+    QVERIFY(m_view->isModified());
+    action(ViewAction::MarkerAdd)->trigger();
+    action(ViewAction::MarkerAdd)->trigger(); // a marker stands there already: nothing more
+    QCOMPARE(model->markers()->items().size(), 1);
+    QCOMPARE(m_view->undoStack()->count(), 2);
+    m_view->undoStack()->undo();
+    QCOMPARE(model->markers()->items().size(), 0);
+    m_view->undoStack()->undo();
+    QCOMPARE(record->countOfPreFailureSamples(), 500);
+}
+
+void TestOscillogramView::splitterMoveGoesThroughUndo()
+{
+    m_view->resize(900, 600);
+    m_view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_view.data()));
+    QSplitter* splitter = m_view->lrSplitter();
+    const QList<int> before = splitter->sizes();
+    splitter->setSizes({ before.at(0) + 60, before.at(1) - 60 });
+    emit splitter->splitterMoved(before.at(0) + 60, 1);
+    QCOMPARE(m_view->undoStack()->count(), 1);
+    const QList<int> moved = splitter->sizes();
+    QVERIFY(moved != before);
+    splitter->setSizes(before);
+    m_view->undoStack()->undo();
+    // The command read the sizes after the move: undo returns to where the move ended.
+    QCOMPARE(splitter->sizes(), moved);
 }
 
 void TestOscillogramView::openFillsTheView()
