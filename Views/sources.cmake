@@ -1,9 +1,33 @@
 # Sources of Views/, relative to the project root.
 set(KORVANE_VIEWS_SOURCES
+    Views/AChanParItem.cpp
+    Views/AChanParItemFrame.cpp
+    Views/AChanParListView.cpp
     Views/AChanParModel.cpp
+    Views/AChanPlotListView.cpp
+    Views/BaseParView.cpp
+    Views/BasePlotView.cpp
+    Views/ChanParItem.cpp
+    Views/ChannelPlotView.cpp
+    Views/ClcAChanParModel.cpp
+    Views/DChanParListView.cpp
+    Views/DChanPlotListView.cpp
     Views/DiaMarkersTable.cpp
+    Views/DigitalChannelNameItem.cpp
+    Views/DragDropSignalWidget.cpp
+    Views/DropInfo.cpp
+    Views/ImageView.cpp
+    Views/ListHelpers.cpp
     Views/MarkersTableModel.cpp
     Views/OscillogramViewModel.cpp
+    Views/ParValueWidget.cpp
+    Views/RowAndSplitter.cpp
+    Views/RowColors.cpp
+    Views/RowOrderCommand.cpp
+    Views/ScrollArea.cpp
+    Views/SignalNameWidget.cpp
+    Views/SimpleAChanParModel.cpp
+    Views/Splitter.cpp
     Views/TimeMeasureMode.cpp
     Views/XScale.cpp
     Views/Painters/AnalogPainter.cpp
