@@ -1,0 +1,37 @@
+#pragma once
+
+#include "korvane_export.h"
+
+#include <QSharedPointer>
+#include <QWidget>
+
+class DigitalChannel;
+class OscillogramViewModel;
+class QMenu;
+
+// The name of a discrete row with the mark of its normal state ("Н.О." or "Н.З.").
+class KORVANE_EXPORT DigitalChannelNameItem : public QWidget
+{
+    Q_OBJECT
+public:
+    DigitalChannelNameItem(const QSharedPointer<OscillogramViewModel>& model, QWidget* parent = nullptr);
+
+    void setChannel(const QSharedPointer<DigitalChannel>& channel);
+    void setName(const DigitalChannel& channel);
+    QString name() const { return m_name; }
+    QString stateMark() const;
+    // Owned by the caller.
+    QMenu* makeContextMenu();
+
+public slots:
+    void slotInvert();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    QSharedPointer<OscillogramViewModel> m_model;
+    QSharedPointer<DigitalChannel> m_channel;
+    QString m_name;
+};
