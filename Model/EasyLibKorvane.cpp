@@ -39,6 +39,22 @@ void reportLoadError(QWidget* parent, const QSharedPointer<Exception>& exception
         parent, EasyLibKorvane::tr("Загрузка файла"), exceptionChainText(*exception), QMessageBox::Ok);
 }
 
+// Runs the loader on the pool and deletes it once its run() has returned, whatever the outcome:
+// only then is the worker certain to touch it no more.
+void runAndDelete(OscillogramLoader* loader)
+{
+    QThreadPool::globalInstance()->start(QRunnable::create([loader]() {
+        loader->run();
+        loader->deleteLater();
+    }));
+}
+} // namespace LoadReport
+
+using LoadReport::reportLoadError;
+using LoadReport::runAndDelete;
+using LoadReport::showUnsupportedFormat;
+
+namespace {
 // The outcome of one modal open, shared by the interface thread and the worker and kept alive by
 // both, so that neither writes into something the other has left. Exactly one of three things
 // settles it: the worker completes, the worker fails, or the interface thread abandons the load.
@@ -77,20 +93,7 @@ private:
     LoaderResult m_result;
     QSharedPointer<Exception> m_failure;
 };
-
-// Runs the loader on the pool and deletes it once its run() has returned, whatever the outcome:
-// only then is the worker certain to touch it no more.
-void runAndDelete(OscillogramLoader* loader)
-{
-    QThreadPool::globalInstance()->start(QRunnable::create([loader]() {
-        loader->run();
-        loader->deleteLater();
-    }));
-}
-} // namespace LoadReport
-
-using LoadReport::reportLoadError;
-using LoadReport::showUnsupportedFormat;
+} // namespace
 
 void EasyLibKorvane::initialize()
 {

@@ -6,6 +6,10 @@
 #include <QSharedPointer>
 #include <QWidget>
 
+class AChanParListView;
+class AChanPlotListView;
+class DChanParListView;
+class DChanPlotListView;
 class KorvaneSettings;
 class Oscillogram;
 class OscillogramViewModel;
@@ -41,6 +45,10 @@ public:
     void hideToolbar();
     QToolBar* toolBar() const;
     TimeLine* timeLine() const;
+    AChanParListView* aChanParList() const;
+    AChanPlotListView* aChanPlotList() const;
+    DChanParListView* dChanParList() const;
+    DChanPlotListView* dChanPlotList() const;
     // The splitter between the parameter panels on the left and the plots on the right.
     QSplitter* lrSplitter() const;
     QUndoStack* undoStack() const;
@@ -95,6 +103,13 @@ public slots:
     void slotAppendMarker();
     void slotClearMarkers();
     void slotShowSelectedChannelsTriggered();
+    // The panels take the width their parameters need, the plots the rest.
+    void slotWidthForPanelChanged();
+    void slotCompactModeTriggered();
+    void slotFullModeTriggered();
+    // Shares the height between the analogue and the discrete rows, and hides a kind the record
+    // does not have.
+    void resizeArea();
     void slotLRSplitterMoved(int position, int index);
     void slotADSplitterMoved(const QList<int>& sizes);
     void slotListADSMoved(int position, int index);
@@ -102,11 +117,16 @@ public slots:
     void slotSaveOscillogram();
     void slotSaveAs(int format);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     struct Private;
 
     void buildLayout();
     void connectModel();
+    void createLists();
+    void connectLists();
     void createToolBar();
     void createToolBarActions();
     void connectToolBarActions();

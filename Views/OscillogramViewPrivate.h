@@ -6,7 +6,11 @@
 #include <QString>
 #include <QTemporaryDir>
 
+class AChanParListView;
+class AChanPlotListView;
 class CurrentTimePositionView;
+class DChanParListView;
+class DChanPlotListView;
 class KorvaneSettings;
 class OscillogramViewModel;
 class QAction;
@@ -30,6 +34,10 @@ struct OscillogramView::Private
     ViewCommands* commands = nullptr;
     TimeLine* timeLine = nullptr;
     CurrentTimePositionView* currentTimePosition = nullptr;
+    AChanParListView* aChanParList = nullptr;
+    DChanParListView* dChanParList = nullptr;
+    AChanPlotListView* aChanPlotList = nullptr;
+    DChanPlotListView* dChanPlotList = nullptr;
     QTemporaryDir temporaryDir;
     QString temporaryFilePath;
     QString name;

@@ -9,7 +9,11 @@
 #include "Model/SimpleOscillogram.h"
 #include "Savers/ComtradeSaver.h"
 #include "Settings/SettingsDialog.h"
+#include "Views/AChanParListView.h"
+#include "Views/AChanPlotListView.h"
 #include "Views/Commands/ViewCommands.h"
+#include "Views/DChanParListView.h"
+#include "Views/DChanPlotListView.h"
 #include "Views/DiaMarkersTable.h"
 #include "Views/OscillogramViewModel.h"
 
@@ -131,6 +135,66 @@ QList<int> OscillogramView::areaSizes(int splitterHeight, int analogHeight, int 
         digital = whole - analogHeight;
     }
     return { analog, digital };
+}
+
+void OscillogramView::resizeArea()
+{
+    const auto record = d->model->oscillogram();
+    const bool analogs = record && record->countOfAnalogChannels() > 0;
+    const bool digitals = record && record->countOfDigitalChannels() > 0;
+    d->aChanParList->setVisible(analogs);
+    d->aChanPlotList->setVisible(analogs);
+    d->dChanParList->setVisible(digitals);
+    d->dChanPlotList->setVisible(digitals);
+    if (!analogs || !digitals)
+        return;
+    // The height the two lists share, without the handle between them.
+    const int height = d->imageSplitter->height() - d->imageSplitter->handleWidth();
+    const QList<int> sizes
+        = areaSizes(height, d->aChanPlotList->contentHeight(), d->dChanPlotList->contentHeight());
+    d->listSplitter->setSizes(sizes);
+    d->imageSplitter->setSizes(sizes);
+}
+
+void OscillogramView::slotWidthForPanelChanged()
+{
+    const int panel = d->model->splitterSize();
+    const int whole = d->lrSplitter->width() - d->lrSplitter->handleWidth();
+    d->lrSplitter->setSizes({ panel, qMax(0, whole - panel) });
+}
+
+// Compact and full modes
+
+void OscillogramView::slotCompactModeTriggered()
+{
+    d->model->setIsCompactMode(true);
+    for (int channel : d->model->channelRowHeights().keys()) {
+        const int panels = d->aChanParList->countPanelsInChannel(channel);
+        if (panels <= 0)
+            continue;
+        const int height = AChanParListView::compactRowHeight(panels);
+        d->model->setChanRowMinHeight(channel, height);
+        d->model->setChanRowHeight(channel, height);
+        d->aChanParList->setCompactMode(channel);
+        d->aChanParList->updateHeight(channel, height);
+        d->aChanPlotList->updateHeight(channel, height);
+    }
+}
+
+void OscillogramView::slotFullModeTriggered()
+{
+    d->model->setIsCompactMode(false);
+    for (int channel : d->model->channelRowHeights().keys()) {
+        const int panels = d->aChanParList->countPanelsInChannel(channel);
+        if (panels <= 0)
+            continue;
+        const int height = AChanParListView::fullRowHeight(panels);
+        d->model->setChanRowMinHeight(channel, height);
+        d->model->setChanRowHeight(channel, height);
+        d->aChanParList->setFullMode(channel);
+        d->aChanParList->updateHeight(channel, height);
+        d->aChanPlotList->updateHeight(channel, height);
+    }
 }
 
 // Colours

@@ -4,6 +4,7 @@
 // allows (0.005 pixels a sample; the whole record would need a smaller one). The baseline is the
 // rendering alone of the same visible plots through channelPlot, without widgets.
 
+#include "BenchRecords.h"
 #include "Model/SimpleOscillogram.h"
 #include "Settings/KorvaneSettings.h"
 #include "Views/AChanParListView.h"
@@ -33,46 +34,7 @@ constexpr double kSmallestScale = 0.005;
 
 QSharedPointer<SimpleOscillogram> buildRecord()
 {
-    OscillogramDataBuilder builder;
-    builder.reserve(0, 0, 0, kAnalogs, kDigitals, kSamples);
-    QVector<short>& values = builder.int16AnalogValues();
-    values.reserve(kAnalogs * kSamples);
-    for (int s = 0; s < kSamples; ++s) {
-        for (int c = 0; c < kAnalogs; ++c)
-            values.append(
-                short(std::lround(10000.0 * std::sin(2.0 * M_PI * 50.0 * s / 4000.0 + c) + (s % 31))));
-        for (int c = 0; c < kDigitals; ++c)
-            builder.setDigitalChannelValue(s, c, ((s >> 12) + c) % 2);
-    }
-    const auto data = builder.build();
-    auto record = QSharedPointer<SimpleOscillogram>::create();
-    record->setData(data);
-    record->setSampleRate(4000.0);
-    record->setCountOfPreFailureSamples(kSamples / 4);
-    record->setCountOfPostFailureSamples(kSamples - kSamples / 4);
-    for (int c = 0; c < kAnalogs; ++c) {
-        auto channel = QSharedPointer<AnalogChannel>::create();
-        channel->setData(data);
-        channel->setDataType(DT::Int16);
-        channel->setDataOffset(c);
-        channel->setDataCount(1);
-        channel->setMultiplier(0.01);
-        channel->setPhaseNumber(c % 3 + 1);
-        channel->setName(QStringLiteral("U%1").arg(c + 1));
-        channel->setUnit(QStringLiteral("В"));
-        record->addAnalogChannel(channel);
-    }
-    QList<QSharedPointer<DigitalChannel>> digitals;
-    for (int c = 0; c < kDigitals; ++c) {
-        auto channel = QSharedPointer<DigitalChannel>::create();
-        channel->setData(data);
-        channel->setDataOffset(c);
-        channel->setDataCount(1);
-        channel->setName(QStringLiteral("D%1").arg(c + 1));
-        digitals << channel;
-    }
-    record->setDigitalChannels(digitals);
-    return record;
+    return BenchRecords::sineRecord(kAnalogs, kDigitals, kSamples);
 }
 
 // The rows of the record view without its tool bar and time line: parameter lists on the left,

@@ -10,11 +10,16 @@
 #include "PlotRecords.h"
 #include "Settings/KorvaneSettings.h"
 #include "Settings/SettingsProvider.h"
+#include "Views/AChanParListView.h"
+#include "Views/AChanPlotListView.h"
+#include "Views/DChanParListView.h"
+#include "Views/DChanPlotListView.h"
 #include "Views/OscillogramView.h"
 #include "Views/OscillogramViewActions.h"
 #include "Views/OscillogramViewModel.h"
 
 #include <QAction>
+#include <QFontMetrics>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QSplitter>
@@ -80,6 +85,9 @@ private slots:
     void areaSizesShareTheSplitter();
     void modifiedFollowsTheModelAndTheUndoStack();
     void openFillsTheView();
+    void compactAndFullModesSetTheRowHeights();
+    void listsOfAnAbsentKindAreHidden();
+    void resizeAreaSharesTheSplitters();
     void triggerAndMarkersGoThroughUndo();
     void splitterMoveGoesThroughUndo();
     void openOfAnUnknownFormatGivesNoLoader();
@@ -118,6 +126,8 @@ void TestOscillogramView::toolBarHoldsTheBuiltToolsInOrder()
         QStringLiteral("Растянуть по времени\t"),
         QStringLiteral("Сжать по времени\t"),
         QStringLiteral("Показать все\t"),
+        QStringLiteral("Компактный режим\t"),
+        QStringLiteral("Полный режим\t"),
         QStringLiteral("|"),
         QStringLiteral("Первичные значения\tCtrl+1"),
         QStringLiteral("Вторичные значения\tCtrl+2"),
@@ -321,6 +331,56 @@ void TestOscillogramView::splitterMoveGoesThroughUndo()
     m_view->undoStack()->undo();
     // The command read the sizes after the move: undo returns to where the move ended.
     QCOMPARE(splitter->sizes(), moved);
+}
+
+void TestOscillogramView::compactAndFullModesSetTheRowHeights()
+{
+    m_view->setOscillogram(PlotRecords::makeRecord(2, 1, 1000));
+    m_view->initByDefault();
+    const auto model = m_view->oscillogramViewModel();
+    // One panel a row: compact is two text lines and a pixel, full the default row height.
+    const int line = QFontMetrics(QFont()).height();
+    action(ViewAction::CompactMode)->trigger();
+    QVERIFY(model->isCompactMode());
+    QCOMPARE(model->chanRowHeight(0), 2 * line + 1);
+    QCOMPARE(model->chanRowHeight(1), 2 * line + 1);
+    QCOMPARE(m_view->aChanPlotList()->rowHeight(0), 2 * line + 1);
+    QCOMPARE(m_view->aChanParList()->rowHeight(1), 2 * line + 1);
+    action(ViewAction::FullMode)->trigger();
+    QVERIFY(!model->isCompactMode());
+    QCOMPARE(model->chanRowHeight(0), OscillogramViewModel::defaultRowHeight());
+    QCOMPARE(m_view->aChanPlotList()->rowHeight(1), OscillogramViewModel::defaultRowHeight());
+}
+
+void TestOscillogramView::listsOfAnAbsentKindAreHidden()
+{
+    m_view->show();
+    m_view->setOscillogram(PlotRecords::makeRecord(2, 0, 1000));
+    m_view->initByDefault();
+    QVERIFY(m_view->aChanPlotList()->isVisible());
+    QVERIFY(!m_view->dChanPlotList()->isVisible());
+    QVERIFY(!m_view->dChanParList()->isVisible());
+    m_view->setOscillogram(PlotRecords::makeRecord(0, 3, 1000));
+    m_view->initByDefault();
+    QVERIFY(!m_view->aChanPlotList()->isVisible());
+    QVERIFY(!m_view->aChanParList()->isVisible());
+    QVERIFY(m_view->dChanPlotList()->isVisible());
+}
+
+void TestOscillogramView::resizeAreaSharesTheSplitters()
+{
+    m_view->resize(900, 700);
+    m_view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_view.data()));
+    m_view->setOscillogram(PlotRecords::makeRecord(12, 3, 1000));
+    m_view->initByDefault();
+    auto* image = qobject_cast<QSplitter*>(m_view->aChanPlotList()->parentWidget());
+    auto* list = qobject_cast<QSplitter*>(m_view->aChanParList()->parentWidget());
+    QVERIFY(image && list);
+    // Twelve analogue rows overflow, three discrete ones fit in 30 %: they get their height.
+    const QList<int> sizes = image->sizes();
+    QCOMPARE(sizes.at(1), m_view->dChanPlotList()->contentHeight());
+    QCOMPARE(list->sizes(), sizes);
 }
 
 void TestOscillogramView::openFillsTheView()
