@@ -4,7 +4,7 @@
 #include "Settings/KorvaneSettings.h"
 #include "Views/AChanParModel.h"
 #include "Views/OscillogramViewModel.h"
-#include "Views/Painters/ColorStyle.h"
+#include "Settings/ColorStyle.h"
 #include "Views/ParValueWidget.h"
 #include "Views/RowColors.h"
 #include "Views/SignalNameWidget.h"

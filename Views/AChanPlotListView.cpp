@@ -3,7 +3,7 @@
 #include "Model/AnalogChannel.h"
 #include "Views/ChannelPlotView.h"
 #include "Views/OscillogramViewModel.h"
-#include "Views/Painters/ColorStyle.h"
+#include "Settings/ColorStyle.h"
 #include "Views/RowAndSplitter.h"
 #include "Views/Splitter.h"
 

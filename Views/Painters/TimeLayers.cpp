@@ -2,7 +2,7 @@
 
 #include "Model/NumericCast.h"
 #include "Model/SimpleOscillogram.h"
-#include "Views/Painters/ColorStyle.h"
+#include "Settings/ColorStyle.h"
 #include "Views/Painters/DrawPrimitives.h"
 
 #include <cmath>

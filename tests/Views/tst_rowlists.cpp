@@ -14,7 +14,7 @@
 #include "Views/DChanPlotListView.h"
 #include "Views/DigitalChannelNameItem.h"
 #include "Views/OscillogramViewModel.h"
-#include "Views/Painters/ColorStyle.h"
+#include "Settings/ColorStyle.h"
 #include "Views/ParValueWidget.h"
 #include "Views/RowAndSplitter.h"
 #include "Views/RowColors.h"

@@ -11,7 +11,7 @@
 #include "Views/DChanPlotListView.h"
 #include "Views/OscillogramView.h"
 #include "Views/OscillogramViewModel.h"
-#include "Views/Painters/ColorStyle.h"
+#include "Settings/ColorStyle.h"
 #include "Views/TimeLine.h"
 
 #include <QImage>
