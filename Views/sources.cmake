@@ -1,6 +1,7 @@
 # Sources of Views/, relative to the project root.
 set(KORVANE_VIEWS_SOURCES
     Views/AChanParModel.cpp
+    Views/AnalogToolBar.cpp
     Views/Commands/ChangeTriggerCommand.cpp
     Views/Commands/ChannelCommands.cpp
     Views/Commands/MarkerCommands.cpp
@@ -8,8 +9,10 @@ set(KORVANE_VIEWS_SOURCES
     Views/Commands/ViewCommands.cpp
     Views/CurrentTimePositionView.cpp
     Views/DiaMarkersTable.cpp
+    Views/DigitalToolBar.cpp
     Views/MarkersTableModel.cpp
     Views/OscillogramViewModel.cpp
+    Views/RowToolButton.cpp
     Views/TimeLine.cpp
     Views/TimeMeasureMode.cpp
     Views/XScale.cpp
