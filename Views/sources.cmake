@@ -14,6 +14,7 @@ set(KORVANE_VIEWS_SOURCES
     Views/OscillogramViewModel.cpp
     Views/RowToolButton.cpp
     Views/TimeLine.cpp
+    Views/TimeLineTexts.cpp
     Views/TimeMeasureMode.cpp
     Views/XScale.cpp
     Views/Painters/AnalogPainter.cpp
