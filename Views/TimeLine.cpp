@@ -279,12 +279,14 @@ double TimeLine::sampleRate() const
 
 double TimeLine::timeForSample(int a, int b) const
 {
-    return m_model->oscillogram()->timeForSample(a, b);
+    const auto record = m_model ? m_model->oscillogram() : QSharedPointer<Oscillogram>();
+    return record ? record->timeForSample(a, b) : 0.0;
 }
 
 double TimeLine::lengthMeasure(int a, int b) const
 {
-    return m_model->oscillogram()->timeBetweenSamples(a, b);
+    const auto record = m_model ? m_model->oscillogram() : QSharedPointer<Oscillogram>();
+    return record ? record->timeBetweenSamples(a, b) : 0.0;
 }
 
 void TimeLine::drawTimeLine(QPaintDevice* device, const TimeLineDrawInfo& info) const

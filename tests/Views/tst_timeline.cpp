@@ -207,6 +207,9 @@ void TestTimeLine::withoutRecordOnlyTheBackground()
     QImage image(width, height, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
     line.drawTimeLine(&image, TimeLineDrawInfo());
+    QCOMPARE(line.sampleRate(), 0.0);
+    QCOMPARE(line.timeForSample(0, 10), 0.0);
+    QCOMPARE(line.lengthMeasure(0, 10), 0.0);
     QCOMPARE(image.pixel(0, 0), rulerBackground);
     QCOMPARE(image.pixel(width - 1, height - 1), rulerBackground);
 
