@@ -13,6 +13,8 @@
 #include <functional>
 
 namespace {
+using PlotRecords::measure;
+
 // The ruler's own colours and geometry.
 const QRgb rulerBackground = qRgb(192, 220, 243);
 const QRgb ink = qRgb(0, 0, 0);
@@ -138,15 +140,6 @@ double lengthSpace(const QString& text)
 // The rows of the labels above the strip, clear of the arrows of the measures.
 constexpr int labelRows = 20;
 
-MeasureItem measure(int start, int finish, bool complete, bool saved)
-{
-    MeasureItem item;
-    item.setStartSampleNumber(start);
-    item.setFinishSampleNumber(finish);
-    item.setComplete(complete);
-    item.setSaved(saved);
-    return item;
-}
 } // namespace
 
 class TestTimeLine : public QObject
