@@ -7,6 +7,7 @@
 
 AnalogToolBar::AnalogToolBar(QWidget* parent) : QWidget(parent)
 {
+    setUpRowToolBar(this);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(1, 1, 1, 1);
     layout->setSpacing(0);

@@ -10,6 +10,7 @@ DigitalToolBar::DigitalToolBar(QWidget* parent)
     , m_invert(makeRowToolButton(
           this, QStringLiteral("pb_invert"), tr("Инвертировать сигнал"), QStringLiteral("ic_digital_invert")))
 {
+    setUpRowToolBar(this);
     m_invert->setCheckable(true);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(1, 1, 1, 1);

@@ -21,6 +21,12 @@ QToolButton* makeRowToolButton(
     return button;
 }
 
+void setUpRowToolBar(QWidget* bar)
+{
+    bar->setAutoFillBackground(true);
+    bar->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
 void setRoundedMask(QWidget* bar)
 {
     QPainterPath outline;

@@ -11,5 +11,9 @@ class QWidget;
 QToolButton* makeRowToolButton(
     QWidget* parent, const QString& objectName, const QString& toolTip, const QString& icon);
 
+// Makes a row tool bar a small opaque panel that keeps the size of its buttons, since it stands
+// over the plot of the row.
+void setUpRowToolBar(QWidget* bar);
+
 // Rounds the corners of the bar with a radius of 2 pixels.
 void setRoundedMask(QWidget* bar);

@@ -76,6 +76,7 @@ private slots:
     void stagesHideGroupsFromTheRight();
     void fitToWidthChoosesTheStage();
     void maskRoundsTheCorners();
+    void barsAreOpaqueAndKeepTheirSize();
     void digitalInvertButton();
 };
 
@@ -265,6 +266,18 @@ void TestRowToolBars::maskRoundsTheCorners()
     QVERIFY(!mask.contains(QPoint(bar.width() - 1, bar.height() - 1)));
     QVERIFY(mask.contains(QPoint(bar.width() / 2, 0)));
     QVERIFY(mask.contains(QPoint(0, bar.height() / 2)));
+}
+
+void TestRowToolBars::barsAreOpaqueAndKeepTheirSize()
+{
+    // They stand over the plot of a row, which must not show through nor stretch them.
+    AnalogToolBar analog;
+    DigitalToolBar digital;
+    for (QWidget* bar : { static_cast<QWidget*>(&analog), static_cast<QWidget*>(&digital) }) {
+        QVERIFY(bar->autoFillBackground());
+        QCOMPARE(bar->sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
+        QCOMPARE(bar->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
+    }
 }
 
 void TestRowToolBars::digitalInvertButton()
