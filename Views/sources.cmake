@@ -5,6 +5,7 @@ set(KORVANE_VIEWS_SOURCES
     Views/AChanParListView.cpp
     Views/AChanParModel.cpp
     Views/AChanPlotListView.cpp
+    Views/AnalogToolBar.cpp
     Views/BaseParView.cpp
     Views/BasePlotView.cpp
     Views/ChannelPlotView.cpp
@@ -20,6 +21,7 @@ set(KORVANE_VIEWS_SOURCES
     Views/DChanPlotListView.cpp
     Views/DiaMarkersTable.cpp
     Views/DigitalChannelNameItem.cpp
+    Views/DigitalToolBar.cpp
     Views/DragDropSignalWidget.cpp
     Views/DropInfo.cpp
     Views/EasyLibKorvaneView.cpp
@@ -37,11 +39,13 @@ set(KORVANE_VIEWS_SOURCES
     Views/RowAndSplitter.cpp
     Views/RowColors.cpp
     Views/RowOrderCommand.cpp
+    Views/RowToolButton.cpp
     Views/ScrollArea.cpp
     Views/SignalNameWidget.cpp
     Views/SimpleAChanParModel.cpp
     Views/Splitter.cpp
     Views/TimeLine.cpp
+    Views/TimeLineTexts.cpp
     Views/TimeMeasureMode.cpp
     Views/XScale.cpp
     Views/Painters/AnalogPainter.cpp
