@@ -83,6 +83,8 @@ protected:
     virtual std::vector<int> ownChannels() const;
     virtual bool isAnalogList() const { return true; }
     virtual int rowHeightFor(const std::vector<int>& row) const;
+    // The least height of a row of that many channels.
+    virtual int panelsHeight(int panels) const;
 
 private:
     void rebuild(const Rows& rows);
@@ -117,4 +119,5 @@ protected:
     std::vector<int> ownChannels() const override;
     bool isAnalogList() const override { return false; }
     int rowHeightFor(const std::vector<int>& row) const override;
+    int panelsHeight(int panels) const override;
 };

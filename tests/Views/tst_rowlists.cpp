@@ -371,6 +371,9 @@ void TestRowLists::plotDropOverlaysAndSplitSeparates()
     QCOMPARE(lists.aPlot.fromLayoutIndexToPlot(0)->channels(), QList<int>({ 0, 2 }));
     QCOMPARE(lists.aPar.countPanelsInChannel(2), 2);
     QCOMPARE(lists.aPar.chanParItemInOrder(0)->countPanels(), 2);
+    // The joined row makes room for the second panel, in both lists.
+    QCOMPARE(lists.aPar.rowHeight(0), AChanParListView::fullRowHeight(2));
+    QCOMPARE(lists.aPlot.rowHeight(0), AChanParListView::fullRowHeight(2));
     QList<int> order;
     for (AChanParModel* model : lists.model->aParModels())
         order << model->channelNumber();
@@ -503,19 +506,20 @@ void TestRowLists::hidingAllChannelsOfATwoChannelRowHidesTheRow()
     Lists lists;
     lists.open(record({ { 100.0, 0.0 }, { 50.0, 0.0 }, { 10.0, 0.0 } }, 0));
     QVERIFY(dropOn(lists.aPlot.fromLayoutIndexToPlot(0), 1, 5));
-    const int row = lists.aPlot.rowHeight(0);
+    const int joined = AChanParListView::fullRowHeight(2);
+    const int single = OscillogramViewModel::defaultRowHeight();
     lists.model->setChannelVisible(0, false);
     QVERIFY(lists.aPlot.isRowVisible(0));
     QVERIFY(lists.aPar.isRowVisible(0));
     lists.model->setChannelVisible(1, false);
     QVERIFY(!lists.aPlot.isRowVisible(0));
     QVERIFY(!lists.aPar.isRowVisible(0));
-    QCOMPARE(lists.aPlot.contentHeight(), row);
+    QCOMPARE(lists.aPlot.contentHeight(), single);
     // The row of channel 2 moves up into the room.
     QCOMPARE(lists.aPar.rowWidget(1)->geometry().top(), 0);
     lists.model->resetChannelRowsFilter();
     QVERIFY(lists.aPar.isRowVisible(0));
-    QCOMPARE(lists.aPar.rowWidget(1)->geometry().top(), row);
+    QCOMPARE(lists.aPar.rowWidget(1)->geometry().top(), joined);
 }
 
 void TestRowLists::rowHeightsFollowTheModel()
