@@ -99,6 +99,9 @@ public:
     Markers::Item makeMarkerItem() const;
     Markers::Item makeMarkerItem(int sample) const;
     QString getTimePosition(int sample) const;
+    // The time moved into the zone the settings choose for display: UTC, the device's local zone or
+    // the user's own. Only a SimpleOscillogram is moved; other records are shown as stored.
+    PreciseDateTime inDisplayZone(PreciseDateTime time) const;
     int splitterSize() const;
     QString makeAnomalyReportHead(int channel) const;
     QString makeAnomalyReportData(int from, int to, const QString& text) const;

@@ -5,15 +5,23 @@ set(KORVANE_VIEWS_SOURCES
     Views/AChanParListView.cpp
     Views/AChanParModel.cpp
     Views/AChanPlotListView.cpp
+    Views/AnalogToolBar.cpp
     Views/BaseParView.cpp
     Views/BasePlotView.cpp
     Views/ChanParItem.cpp
     Views/ChannelPlotView.cpp
     Views/ClcAChanParModel.cpp
+    Views/Commands/ChangeTriggerCommand.cpp
+    Views/Commands/ChannelCommands.cpp
+    Views/Commands/MarkerCommands.cpp
+    Views/Commands/SplitterCommands.cpp
+    Views/Commands/ViewCommands.cpp
+    Views/CurrentTimePositionView.cpp
     Views/DChanParListView.cpp
     Views/DChanPlotListView.cpp
     Views/DiaMarkersTable.cpp
     Views/DigitalChannelNameItem.cpp
+    Views/DigitalToolBar.cpp
     Views/DragDropSignalWidget.cpp
     Views/DropInfo.cpp
     Views/ImageView.cpp
@@ -24,10 +32,12 @@ set(KORVANE_VIEWS_SOURCES
     Views/RowAndSplitter.cpp
     Views/RowColors.cpp
     Views/RowOrderCommand.cpp
+    Views/RowToolButton.cpp
     Views/ScrollArea.cpp
     Views/SignalNameWidget.cpp
     Views/SimpleAChanParModel.cpp
     Views/Splitter.cpp
+    Views/TimeLine.cpp
     Views/TimeMeasureMode.cpp
     Views/XScale.cpp
     Views/Painters/AnalogPainter.cpp

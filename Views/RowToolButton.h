@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+class QToolButton;
+class QWidget;
+
+// A button of the row tool bars: named, with a tool tip, the icon pair ":/icons/<icon>.svg" and
+// "<icon>_2.svg" for its active state, and the arrow cursor, so that the plot's cursor does not
+// show through the bar.
+QToolButton* makeRowToolButton(
+    QWidget* parent, const QString& objectName, const QString& toolTip, const QString& icon);
+
+// Rounds the corners of the bar with a radius of 2 pixels.
+void setRoundedMask(QWidget* bar);
