@@ -345,6 +345,22 @@ void AListHelper::updateChannelSelection(int channel, bool isSelected)
         m_items->updateItemSelection(m_area->rowWidget(index), channel, isSelected);
 }
 
+void AListHelper::setChannelInverted(OscillogramViewModel& model, int channel, bool inverted)
+{
+    const auto record = model.oscillogram();
+    if (!record)
+        return;
+    QSharedPointer<Channel> target;
+    if (model.isAnalogChannel(channel))
+        target = record->analogChannel(channel);
+    else if (model.isDigitalChannel(channel))
+        target = record->digitalChannel(channel - record->countOfAnalogChannels());
+    if (!target || target->isInverted() == inverted)
+        return;
+    target->setIsInverted(inverted);
+    emit model.repaintWave();
+}
+
 int AListHelper::rowHeightFor(const std::vector<int>& row) const
 {
     const int height = m_model->chanRowHeight(row.front());

@@ -78,6 +78,9 @@ public:
     void updateChannelRowHeight(int channel, int height);
     void updateChannelSelection(int channel, bool isSelected);
 
+    // Mirrors the channel's trace within its range, or ends the mirroring, and repaints.
+    static void setChannelInverted(OscillogramViewModel& model, int channel, bool inverted);
+
 protected:
     // The channels this list shows, in record order.
     virtual std::vector<int> ownChannels() const;
