@@ -44,9 +44,6 @@ AChanParItemFrame::AChanParItemFrame(AChanParModel* model, QWidget* parent)
     layout->addWidget(m_values);
     layout->addStretch(1);
     m_name->setChannel(*model->channel(), true);
-    QPalette names = m_name->palette();
-    names.setColor(QPalette::WindowText, RowColors::current().nameText);
-    m_name->setPalette(names);
     refreshParameters();
 }
 

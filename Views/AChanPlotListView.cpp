@@ -1,6 +1,7 @@
 #include "Views/AChanPlotListView.h"
 
 #include "Model/AnalogChannel.h"
+#include "Views/AnalogToolBar.h"
 #include "Views/ChannelPlotView.h"
 #include "Views/OscillogramViewModel.h"
 #include "Settings/ColorStyle.h"
@@ -8,11 +9,19 @@
 #include "Views/Splitter.h"
 
 #include <QDropEvent>
+#include <QEvent>
 
 AChanPlotListView::AChanPlotListView(QWidget* parent) : BasePlotView(parent)
 {
     setObjectName(QStringLiteral("aChanPlotListView"));
     setListHelper(std::make_unique<AListHelper>(this, this));
+}
+
+void AChanPlotListView::setOscillogramViewModel(const QSharedPointer<OscillogramViewModel>& model)
+{
+    BasePlotView::setOscillogramViewModel(model);
+    connect(model.data(), &OscillogramViewModel::sigSetVisibleToolBar, this,
+        &AChanPlotListView::slotSetVisibleToolBar);
 }
 
 QWidget* AChanPlotListView::createItem(int index, int channel)
@@ -32,6 +41,7 @@ AChanPlotAndSplitter* AChanPlotListView::createAChanPlotAndSplitter(int, int cha
     });
     connect(plot, &ChannelPlotView::sigDragChannelSelected, oscillogramViewModel().data(),
         &OscillogramViewModel::sigDragSelectedChannel);
+    plot->installEventFilter(this);
     return row;
 }
 
@@ -91,4 +101,70 @@ void AChanPlotListView::updateMinHeightInSplitter(int channel, int minHeight)
 {
     if (auto* row = static_cast<AChanPlotAndSplitter*>(itemAttachedToDescriptor(channel)))
         row->splitter()->setMinPanelHeight(minHeight);
+}
+
+AnalogToolBar* AChanPlotListView::toolBar(int channel) const
+{
+    const auto* row = static_cast<AChanPlotAndSplitter*>(itemAttachedToDescriptor(channel));
+    return row ? row->plot()->findChild<AnalogToolBar*>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
+}
+
+AnalogToolBar* AChanPlotListView::createToolBar(ChannelPlotView* plot)
+{
+    auto* bar = new AnalogToolBar(plot);
+    // The buttons act on the channel that names the row when they are pressed.
+    const auto forward = [this, plot, bar](void (AnalogToolBar::*from)(), void (ScrollArea::*to)(int)) {
+        connect(bar, from, this, [this, plot, to] { emit(this->*to)(plot->getChannelNumber()); });
+    };
+    forward(&AnalogToolBar::sigIncMag, &ScrollArea::sigIncMag);
+    forward(&AnalogToolBar::sigDecMag, &ScrollArea::sigDecMag);
+    forward(&AnalogToolBar::sigIncH, &ScrollArea::sigIncH);
+    forward(&AnalogToolBar::sigDecH, &ScrollArea::sigDecH);
+    forward(&AnalogToolBar::sigFitMag, &ScrollArea::sigFitMag);
+    forward(&AnalogToolBar::sigReset, &ScrollArea::sigReset);
+    forward(&AnalogToolBar::sigHide, &ScrollArea::sigHide);
+    connect(bar, &AnalogToolBar::sigInvert, this, [this, plot](bool inverted) {
+        AListHelper::setChannelInverted(*oscillogramViewModel(), plot->getChannelNumber(), inverted);
+        emit sigInvert(plot->getChannelNumber(), inverted);
+    });
+    return bar;
+}
+
+void AChanPlotListView::placeToolBar(AnalogToolBar* bar, ChannelPlotView* plot) const
+{
+    bar->fitToWidth(plot->width());
+    bar->adjustSize();
+    bar->move(qMax(plot->width() - bar->width() - 2, 0), 2);
+}
+
+void AChanPlotListView::slotSetVisibleToolBar(bool isVisible, int channel)
+{
+    if (!listHelper()->isOwnChannel(channel))
+        return;
+    auto* row = static_cast<AChanPlotAndSplitter*>(itemAttachedToDescriptor(channel));
+    if (!row)
+        return;
+    ChannelPlotView* plot = row->plot();
+    AnalogToolBar* bar = toolBar(channel);
+    if (!isVisible) {
+        if (bar)
+            bar->hide();
+        return;
+    }
+    if (!bar)
+        bar = createToolBar(plot);
+    const auto record = oscillogramViewModel()->oscillogram();
+    bar->slotInvertChannel(record->analogChannel(plot->getChannelNumber())->isInverted());
+    placeToolBar(bar, plot);
+    bar->show();
+    bar->raise();
+}
+
+bool AChanPlotListView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Leave) {
+        if (auto* bar = watched->findChild<AnalogToolBar*>(QString(), Qt::FindDirectChildrenOnly))
+            bar->hide();
+    }
+    return BasePlotView::eventFilter(watched, event);
 }

@@ -1,6 +1,7 @@
 #include "Views/BaseParView.h"
 
 #include "Views/OscillogramViewModel.h"
+#include "Views/RowColors.h"
 
 #include <QDropEvent>
 #include <QMimeData>
@@ -68,4 +69,9 @@ void BaseParView::dropSignalInPanelList(QDropEvent* event)
     event->acceptProposedAction();
     // The last row is the target; its lower half is the end of the list.
     emit m_model->sigDropSignal(DropInfo { dragged, rows.back().front(), DRAG_POS_LOWER, event });
+}
+
+QColor BaseParView::viewportColor() const
+{
+    return RowColors::current().panelBackground;
 }

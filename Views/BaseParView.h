@@ -24,6 +24,7 @@ public slots:
     virtual void refreshParameters();
 
 protected:
+    QColor viewportColor() const override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;

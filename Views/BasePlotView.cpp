@@ -1,6 +1,7 @@
 #include "Views/BasePlotView.h"
 
 #include "Views/OscillogramViewModel.h"
+#include "Settings/ColorStyle.h"
 
 #include <QEvent>
 
@@ -42,4 +43,9 @@ bool BasePlotView::viewportEvent(QEvent* event)
     if (event->type() == QEvent::MouseButtonPress)
         emit sigFocusRequested();
     return ScrollArea::viewportEvent(event);
+}
+
+QColor BasePlotView::viewportColor() const
+{
+    return QColor::fromRgba(KV::Cfg::ColorStyle::current().background);
 }

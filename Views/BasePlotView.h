@@ -25,6 +25,7 @@ public:
     QObject* gestureFilter() const { return m_gestureFilter; }
 
 protected:
+    QColor viewportColor() const override;
     bool viewportEvent(QEvent* event) override;
 
 private:

@@ -2,6 +2,8 @@
 
 #include "Model/DigitalChannel.h"
 #include "Views/DigitalChannelNameItem.h"
+#include "Views/DigitalToolBar.h"
+#include "Views/ListHelpers.h"
 #include "Views/OscillogramViewModel.h"
 #include "Views/RowColors.h"
 
@@ -19,12 +21,17 @@ ChanParItem::ChanParItem(
     : DragDropSignalWidget(model, parent)
     , m_channelNumber(channelNumber)
     , m_name(new DigitalChannelNameItem(model, this))
+    , m_toolBar(new DigitalToolBar(this))
 {
+    m_toolBar->hide();
+    connect(m_toolBar, &DigitalToolBar::sigInvert, this,
+        [this](bool inverted) { AListHelper::setChannelInverted(*viewModel(), m_channelNumber, inverted); });
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_name);
     const auto record = model->oscillogram();
-    m_name->setChannel(record->digitalChannel(channelNumber - record->countOfAnalogChannels()));
+    m_name->setChannel(
+        record->digitalChannel(channelNumber - record->countOfAnalogChannels()), channelNumber);
     updateSelection();
 }
 
@@ -60,4 +67,22 @@ void ChanParItem::mouseReleaseEvent(QMouseEvent* event)
     if (event->button() == Qt::LeftButton && rect().contains(event->pos()))
         viewModel()->toggleChannelSelection(m_channelNumber);
     event->accept();
+}
+
+void ChanParItem::enterEvent(QEvent* event)
+{
+    const auto record = viewModel()->oscillogram();
+    m_toolBar->slotInvert(
+        record->digitalChannel(m_channelNumber - record->countOfAnalogChannels())->isInverted());
+    m_toolBar->adjustSize();
+    m_toolBar->move(width() - m_toolBar->width(), (height() - m_toolBar->height()) / 2);
+    m_toolBar->show();
+    m_toolBar->raise();
+    DragDropSignalWidget::enterEvent(event);
+}
+
+void ChanParItem::leaveEvent(QEvent* event)
+{
+    m_toolBar->hide();
+    DragDropSignalWidget::leaveEvent(event);
 }

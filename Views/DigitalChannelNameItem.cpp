@@ -1,6 +1,7 @@
 #include "Views/DigitalChannelNameItem.h"
 
 #include "Model/DigitalChannel.h"
+#include "Views/ListHelpers.h"
 #include "Views/OscillogramViewModel.h"
 #include "Views/RowColors.h"
 
@@ -21,9 +22,10 @@ DigitalChannelNameItem::DigitalChannelNameItem(
 {
 }
 
-void DigitalChannelNameItem::setChannel(const QSharedPointer<DigitalChannel>& channel)
+void DigitalChannelNameItem::setChannel(const QSharedPointer<DigitalChannel>& channel, int channelNumber)
 {
     m_channel = channel;
+    m_channelNumber = channelNumber;
     setName(*channel);
 }
 
@@ -81,6 +83,5 @@ void DigitalChannelNameItem::slotInvert()
 {
     if (!m_channel)
         return;
-    m_channel->setIsInverted(!m_channel->isInverted());
-    emit m_model->repaintWave();
+    AListHelper::setChannelInverted(*m_model, m_channelNumber, !m_channel->isInverted());
 }

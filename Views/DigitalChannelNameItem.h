@@ -16,7 +16,8 @@ class KORVANE_EXPORT DigitalChannelNameItem : public QWidget
 public:
     DigitalChannelNameItem(const QSharedPointer<OscillogramViewModel>& model, QWidget* parent = nullptr);
 
-    void setChannel(const QSharedPointer<DigitalChannel>& channel);
+    // The channel and its number in the view model, analogue channels counted first.
+    void setChannel(const QSharedPointer<DigitalChannel>& channel, int channelNumber);
     void setName(const DigitalChannel& channel);
     QString name() const { return m_name; }
     QString stateMark() const;
@@ -33,5 +34,6 @@ protected:
 private:
     QSharedPointer<OscillogramViewModel> m_model;
     QSharedPointer<DigitalChannel> m_channel;
+    int m_channelNumber = -1;
     QString m_name;
 };

@@ -1,5 +1,6 @@
 #include "Views/ListHelpers.h"
 
+#include "Views/AChanParListView.h"
 #include "Views/OscillogramViewModel.h"
 #include "Views/RowOrderCommand.h"
 #include "Views/ScrollArea.h"
@@ -333,7 +334,7 @@ void AListHelper::updateChannelRowHeight(int channel, int height)
     const int index = rowOf(channel);
     if (index < 0 || m_rows[std::size_t(index)].front() != channel)
         return;
-    m_area->setRowHeight(index, height);
+    m_area->setRowHeight(index, qMax(height, panelsHeight(int(m_rows[std::size_t(index)].size()))));
     m_area->relayout();
 }
 
@@ -344,10 +345,36 @@ void AListHelper::updateChannelSelection(int channel, bool isSelected)
         m_items->updateItemSelection(m_area->rowWidget(index), channel, isSelected);
 }
 
+void AListHelper::setChannelInverted(OscillogramViewModel& model, int channel, bool inverted)
+{
+    const auto record = model.oscillogram();
+    if (!record)
+        return;
+    QSharedPointer<Channel> target;
+    if (model.isAnalogChannel(channel))
+        target = record->analogChannel(channel);
+    else if (model.isDigitalChannel(channel))
+        target = record->digitalChannel(channel - record->countOfAnalogChannels());
+    if (!target || target->isInverted() == inverted)
+        return;
+    target->setIsInverted(inverted);
+    emit model.repaintWave();
+}
+
 int AListHelper::rowHeightFor(const std::vector<int>& row) const
 {
     const int height = m_model->chanRowHeight(row.front());
-    return height > 0 ? height : OscillogramViewModel::defaultRowHeight();
+    return qMax(
+        height > 0 ? height : OscillogramViewModel::defaultRowHeight(), panelsHeight(int(row.size())));
+}
+
+int AListHelper::panelsHeight(int panels) const
+{
+    // A row of one channel may be as low as its minimum; one of several keeps room for each panel.
+    if (panels < 2)
+        return 0;
+    return m_model->isCompactMode() ? AChanParListView::compactRowHeight(panels)
+                                    : AChanParListView::fullRowHeight(panels);
 }
 
 int DListHelper::rowHeight()
@@ -363,6 +390,11 @@ std::vector<int> DListHelper::ownChannels() const
     for (int c = 0; record && c < record->countOfDigitalChannels(); ++c)
         channels.push_back(record->countOfAnalogChannels() + c);
     return channels;
+}
+
+int DListHelper::panelsHeight(int) const
+{
+    return 0;
 }
 
 int DListHelper::rowHeightFor(const std::vector<int>&) const

@@ -78,11 +78,16 @@ public:
     void updateChannelRowHeight(int channel, int height);
     void updateChannelSelection(int channel, bool isSelected);
 
+    // Mirrors the channel's trace within its range, or ends the mirroring, and repaints.
+    static void setChannelInverted(OscillogramViewModel& model, int channel, bool inverted);
+
 protected:
     // The channels this list shows, in record order.
     virtual std::vector<int> ownChannels() const;
     virtual bool isAnalogList() const { return true; }
     virtual int rowHeightFor(const std::vector<int>& row) const;
+    // The least height of a row of that many channels.
+    virtual int panelsHeight(int panels) const;
 
 private:
     void rebuild(const Rows& rows);
@@ -117,4 +122,5 @@ protected:
     std::vector<int> ownChannels() const override;
     bool isAnalogList() const override { return false; }
     int rowHeightFor(const std::vector<int>& row) const override;
+    int panelsHeight(int panels) const override;
 };

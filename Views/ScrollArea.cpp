@@ -2,6 +2,7 @@
 
 #include "Views/OscillogramViewModel.h"
 
+#include <QPainter>
 #include <QResizeEvent>
 #include <QScrollBar>
 
@@ -101,6 +102,11 @@ void ScrollArea::placeRows()
     }
 }
 
+void ScrollArea::paintEvent(QPaintEvent*)
+{
+    QPainter(viewport()).fillRect(viewport()->rect(), viewportColor());
+}
+
 void ScrollArea::scrollContentsBy(int, int)
 {
     if (!m_placing)
@@ -175,9 +181,5 @@ void ScrollArea::updateChannelSelection(int channel, bool isSelected)
 
 void ScrollArea::updateHeight(int channel, int height)
 {
-    const int index = m_helper->rowOf(channel);
-    if (index < 0)
-        return;
-    setRowHeight(index, height);
-    relayout();
+    m_helper->updateChannelRowHeight(channel, height);
 }

@@ -67,6 +67,9 @@ signals:
 
 protected:
     void setListHelper(std::unique_ptr<AListHelper> helper);
+    // The colour of the room below the last row.
+    virtual QColor viewportColor() const = 0;
+    void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent* event) override;
     QSize viewportSizeHint() const override;

@@ -1,26 +1,46 @@
 #include "Views/SignalNameWidget.h"
 
 #include "Model/AnalogChannel.h"
+#include "Views/RowColors.h"
+
+#include <QPainter>
 
 namespace {
 // Ids beyond this are made up by the loaders and mean nothing to the user.
 constexpr int kLargestShownId = 1000;
 } // namespace
 
-SignalNameWidget::SignalNameWidget(QWidget* parent) : QLabel(parent)
+SignalNameWidget::SignalNameWidget(QWidget* parent) : QWidget(parent)
 {
     QFont bold = font();
     bold.setWeight(QFont::Bold);
     setFont(bold);
-    setTextFormat(Qt::PlainText);
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 void SignalNameWidget::setChannel(const Channel& channel, bool isAnalog)
 {
-    const QString text = nameText(channel, isAnalog);
-    setText(text);
-    setToolTip(text);
+    m_text = nameText(channel, isAnalog);
+    setToolTip(m_text);
+    update();
+}
+
+QSize SignalNameWidget::sizeHint() const
+{
+    return QSize(fontMetrics().horizontalAdvance(m_text), fontMetrics().height());
+}
+
+QSize SignalNameWidget::minimumSizeHint() const
+{
+    return QSize(0, fontMetrics().height());
+}
+
+void SignalNameWidget::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setPen(RowColors::current().nameText);
+    painter.drawText(
+        rect(), Qt::AlignLeft | Qt::AlignVCenter, fontMetrics().elidedText(m_text, Qt::ElideRight, width()));
 }
 
 QString SignalNameWidget::nameText(const Channel& channel, bool isAnalog)

@@ -7,12 +7,15 @@
 #include "Views/AChanParListView.h"
 #include "Views/AChanParModel.h"
 #include "Views/AChanPlotListView.h"
+#include "Views/AnalogToolBar.h"
 #include "Views/ChanParItem.h"
 #include "Views/ChannelPlotView.h"
 #include "Views/ClcAChanParModel.h"
+#include "Views/Commands/ViewCommands.h"
 #include "Views/DChanParListView.h"
 #include "Views/DChanPlotListView.h"
 #include "Views/DigitalChannelNameItem.h"
+#include "Views/DigitalToolBar.h"
 #include "Views/OscillogramViewModel.h"
 #include "Settings/ColorStyle.h"
 #include "Views/ParValueWidget.h"
@@ -30,6 +33,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 #include <QUndoStack>
 
 #include <cmath>
@@ -122,6 +126,38 @@ bool dropOn(QWidget* target, int channel, int y)
     return drop.isAccepted();
 }
 
+// The record view's wiring of the row lists to its undo commands.
+void connectCommands(Lists& lists, ViewCommands& commands)
+{
+    commands.setOscillogramViewModel(lists.model);
+    for (ScrollArea* list : lists.all()) {
+        QObject::connect(list, &ScrollArea::sigChannelHeight, &commands, &ViewCommands::slotChannelHeight);
+        QObject::connect(list, &ScrollArea::sigIncMag, &commands, &ViewCommands::slotIncMag);
+        QObject::connect(list, &ScrollArea::sigDecMag, &commands, &ViewCommands::slotDecMag);
+        QObject::connect(list, &ScrollArea::sigIncH, &commands, &ViewCommands::slotIncH);
+        QObject::connect(list, &ScrollArea::sigDecH, &commands, &ViewCommands::slotDecH);
+        QObject::connect(list, &ScrollArea::sigFitMag, &commands, &ViewCommands::slotFitMag);
+        QObject::connect(list, &ScrollArea::sigReset, &commands, &ViewCommands::slotReset);
+        QObject::connect(list, &ScrollArea::sigHide, &commands, &ViewCommands::slotHide);
+    }
+}
+
+void click(QWidget* bar, const char* name)
+{
+    auto* button = bar->findChild<QToolButton*>(QLatin1String(name));
+    QVERIFY2(button, name);
+    button->click();
+}
+
+// The pointer at y pixels below where the press was; the handle itself moves with its row.
+void dragSplitter(Splitter* splitter, const QPoint& pressedAt, int y)
+{
+    const QPoint global = pressedAt + QPoint(0, y);
+    QMouseEvent move(QEvent::MouseMove, splitter->mapFromGlobal(global), global, Qt::NoButton, Qt::LeftButton,
+        Qt::NoModifier);
+    QApplication::sendEvent(splitter, &move);
+}
+
 QVariantList valuesAt(Lists& lists, int channel, int sample)
 {
     lists.model->setCurrentSample(sample);
@@ -170,6 +206,9 @@ private slots:
     void markersTakeThePanelsValues();
     void clickOnAPanelSelectsTheChannel();
     void discreteInvertFromTheNameMenu();
+    void toolBarButtonsGoThroughTheUndoStack();
+    void splitterDragUndoesInOneStep();
+    void discreteToolBarInvertsWhileHovered();
 };
 
 void TestRowLists::rowsInRecordOrderWithTheirHeights()
@@ -371,6 +410,9 @@ void TestRowLists::plotDropOverlaysAndSplitSeparates()
     QCOMPARE(lists.aPlot.fromLayoutIndexToPlot(0)->channels(), QList<int>({ 0, 2 }));
     QCOMPARE(lists.aPar.countPanelsInChannel(2), 2);
     QCOMPARE(lists.aPar.chanParItemInOrder(0)->countPanels(), 2);
+    // The joined row makes room for the second panel, in both lists.
+    QCOMPARE(lists.aPar.rowHeight(0), AChanParListView::fullRowHeight(2));
+    QCOMPARE(lists.aPlot.rowHeight(0), AChanParListView::fullRowHeight(2));
     QList<int> order;
     for (AChanParModel* model : lists.model->aParModels())
         order << model->channelNumber();
@@ -503,19 +545,20 @@ void TestRowLists::hidingAllChannelsOfATwoChannelRowHidesTheRow()
     Lists lists;
     lists.open(record({ { 100.0, 0.0 }, { 50.0, 0.0 }, { 10.0, 0.0 } }, 0));
     QVERIFY(dropOn(lists.aPlot.fromLayoutIndexToPlot(0), 1, 5));
-    const int row = lists.aPlot.rowHeight(0);
+    const int joined = AChanParListView::fullRowHeight(2);
+    const int single = OscillogramViewModel::defaultRowHeight();
     lists.model->setChannelVisible(0, false);
     QVERIFY(lists.aPlot.isRowVisible(0));
     QVERIFY(lists.aPar.isRowVisible(0));
     lists.model->setChannelVisible(1, false);
     QVERIFY(!lists.aPlot.isRowVisible(0));
     QVERIFY(!lists.aPar.isRowVisible(0));
-    QCOMPARE(lists.aPlot.contentHeight(), row);
+    QCOMPARE(lists.aPlot.contentHeight(), single);
     // The row of channel 2 moves up into the room.
     QCOMPARE(lists.aPar.rowWidget(1)->geometry().top(), 0);
     lists.model->resetChannelRowsFilter();
     QVERIFY(lists.aPar.isRowVisible(0));
-    QCOMPARE(lists.aPar.rowWidget(1)->geometry().top(), row);
+    QCOMPARE(lists.aPar.rowWidget(1)->geometry().top(), joined);
 }
 
 void TestRowLists::rowHeightsFollowTheModel()
@@ -712,6 +755,94 @@ void TestRowLists::discreteInvertFromTheNameMenu()
     menu->actions().first()->trigger();
     QVERIFY(rec->digitalChannel(0)->isInverted());
     QCOMPARE(repaint.count(), 1);
+}
+
+void TestRowLists::toolBarButtonsGoThroughTheUndoStack()
+{
+    Lists lists;
+    ViewCommands commands(&lists.stack);
+    connectCommands(lists, commands);
+    lists.open(record({ { 100.0, 0.0 }, { 50.0, 0.0 } }, 0));
+    QVERIFY(!lists.aPlot.toolBar(1));
+    QScopedPointer<QMenu> menu(lists.aPar.chanParItemInOrder(1)->makeContextMenu());
+    menu->actions().first()->trigger();
+    AnalogToolBar* bar = lists.aPlot.toolBar(1);
+    QVERIFY(bar && bar->isVisible());
+    // At the top right of the row's plot.
+    const ChannelPlotView* plot = lists.aPlot.fromLayoutIndexToPlot(1);
+    QCOMPARE(bar->parentWidget(), plot);
+    QCOMPARE(bar->geometry().right(), plot->width() - 3);
+
+    const int height = OscillogramViewModel::defaultRowHeight();
+    click(bar, "pb_increaseMagnitude");
+    QCOMPARE(lists.model->chanMag(1), 4.0 / 3.0);
+    // "Уменьшить область отображения": three quarters of the height, truncated.
+    click(bar, "pb_increaseHeight");
+    QCOMPARE(lists.aPar.rowHeight(1), int(height * 0.75));
+    QCOMPARE(lists.aPlot.rowHeight(1), int(height * 0.75));
+    click(bar, "pb_resetChannel");
+    QCOMPARE(lists.model->chanMag(1), 1.0);
+    QCOMPARE(lists.aPlot.rowHeight(1), height);
+    QSignalSpy filter(lists.model.data(), &OscillogramViewModel::channelRowsFilterChanged);
+    click(bar, "pb_hideChannel");
+    QVERIFY(!lists.aPar.isRowVisible(1));
+    QVERIFY(!lists.aPlot.isRowVisible(1));
+    QCOMPARE(lists.stack.count(), 4);
+    lists.stack.undo();
+    QVERIFY(lists.aPar.isRowVisible(1));
+    QVERIFY(lists.aPlot.isRowVisible(1));
+    QCOMPARE(filter.count(), 2);
+    lists.stack.undo();
+    QCOMPARE(lists.aPlot.rowHeight(1), int(height * 0.75));
+    QCOMPARE(lists.model->chanMag(1), 4.0 / 3.0);
+    click(bar, "pb_inverted");
+    QVERIFY(lists.model->oscillogram()->analogChannel(1)->isInverted());
+
+    // Leaving the row puts the tool bar away.
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(lists.aPlot.fromLayoutIndexToPlot(1), &leave);
+    QVERIFY(!bar->isVisible());
+}
+
+void TestRowLists::splitterDragUndoesInOneStep()
+{
+    Lists lists;
+    ViewCommands commands(&lists.stack);
+    connectCommands(lists, commands);
+    lists.open(record({ { 100.0, 0.0 }, { 50.0, 0.0 } }, 0));
+    Splitter* splitter = static_cast<AChanParAndSplitter*>(lists.aPar.rowWidget(0))->splitter();
+    const QPoint pressedAt = splitter->mapToGlobal(QPoint(5, 0));
+    QTest::mousePress(splitter, Qt::LeftButton, Qt::NoModifier, QPoint(5, 0));
+    for (int y : { 10, 20, 30 })
+        dragSplitter(splitter, pressedAt, y);
+    const int height = OscillogramViewModel::defaultRowHeight();
+    QCOMPARE(lists.model->chanRowHeight(0), height + 30);
+    QCOMPARE(lists.aPlot.rowHeight(0), height + 30);
+    QCOMPARE(lists.aPar.rowWidget(1)->geometry().top(), height + 30);
+    QCOMPARE(lists.stack.count(), 1);
+    lists.stack.undo();
+    QCOMPARE(lists.aPlot.rowHeight(0), height);
+}
+
+void TestRowLists::discreteToolBarInvertsWhileHovered()
+{
+    Lists lists;
+    auto rec = record({ { 100.0, 0.0 } }, 2);
+    lists.open(rec);
+    ChanParItem* item = lists.dPar.chanParItemInOrder(1);
+    QVERIFY(!item->toolBar()->isVisible());
+    QEvent enter(QEvent::Enter);
+    QApplication::sendEvent(item, &enter);
+    QVERIFY(item->toolBar()->isVisible());
+    QCOMPARE(item->toolBar()->geometry().right(), item->width() - 1);
+    QSignalSpy repaint(lists.model.data(), &OscillogramViewModel::repaintWave);
+    click(item->toolBar(), "pb_invert");
+    QVERIFY(rec->digitalChannel(1)->isInverted());
+    QVERIFY(!rec->digitalChannel(0)->isInverted());
+    QCOMPARE(repaint.count(), 1);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(item, &leave);
+    QVERIFY(!item->toolBar()->isVisible());
 }
 
 QTEST_MAIN(TestRowLists)
