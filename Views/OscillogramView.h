@@ -126,6 +126,9 @@ private:
     void buildLayout();
     void connectModel();
     void createLists();
+    // Row heights of the compact mode (two text lines a panel) or the full one, in the model and
+    // both analogue lists.
+    void setRowMode(bool compact);
     void connectLists();
     void createToolBar();
     void createToolBarActions();

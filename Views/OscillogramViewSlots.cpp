@@ -167,31 +167,29 @@ void OscillogramView::slotWidthForPanelChanged()
 
 void OscillogramView::slotCompactModeTriggered()
 {
-    d->model->setIsCompactMode(true);
-    for (int channel : d->model->channelRowHeights().keys()) {
-        const int panels = d->aChanParList->countPanelsInChannel(channel);
-        if (panels <= 0)
-            continue;
-        const int height = AChanParListView::compactRowHeight(panels);
-        d->model->setChanRowMinHeight(channel, height);
-        d->model->setChanRowHeight(channel, height);
-        d->aChanParList->setCompactMode(channel);
-        d->aChanParList->updateHeight(channel, height);
-        d->aChanPlotList->updateHeight(channel, height);
-    }
+    setRowMode(true);
 }
 
 void OscillogramView::slotFullModeTriggered()
 {
-    d->model->setIsCompactMode(false);
+    setRowMode(false);
+}
+
+void OscillogramView::setRowMode(bool compact)
+{
+    d->model->setIsCompactMode(compact);
     for (int channel : d->model->channelRowHeights().keys()) {
         const int panels = d->aChanParList->countPanelsInChannel(channel);
         if (panels <= 0)
             continue;
-        const int height = AChanParListView::fullRowHeight(panels);
+        const int height
+            = compact ? AChanParListView::compactRowHeight(panels) : AChanParListView::fullRowHeight(panels);
         d->model->setChanRowMinHeight(channel, height);
         d->model->setChanRowHeight(channel, height);
-        d->aChanParList->setFullMode(channel);
+        if (compact)
+            d->aChanParList->setCompactMode(channel);
+        else
+            d->aChanParList->setFullMode(channel);
         d->aChanParList->updateHeight(channel, height);
         d->aChanPlotList->updateHeight(channel, height);
     }

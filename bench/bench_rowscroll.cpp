@@ -19,6 +19,8 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+#include "RatioReporter.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -164,21 +166,6 @@ void RenderSmallestScale(benchmark::State& state)
 }
 BENCHMARK(RenderSmallestScale)->Unit(benchmark::kMillisecond);
 
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        for (const Run& run : runs) {
-            times[run.benchmark_name()] = run.GetAdjustedRealTime();
-            cpuTimes[run.benchmark_name()] = run.GetAdjustedCPUTime();
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-    std::map<std::string, double> times;
-    // On a loaded machine the processor time of the thread is the steadier figure.
-    std::map<std::string, double> cpuTimes;
-};
 } // namespace
 
 int main(int argc, char** argv)

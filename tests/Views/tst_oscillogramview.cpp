@@ -19,6 +19,7 @@
 #include "Views/OscillogramViewModel.h"
 
 #include <QAction>
+#include <QFile>
 #include <QFontMetrics>
 #include <QMenu>
 #include <QSignalSpy>
@@ -75,6 +76,7 @@ private slots:
     void toolBarHoldsTheBuiltToolsInOrder();
     void saveButtonCarriesTheSaveMenu();
     void toolTipsAndCheckableActions();
+    void everyIconPairIsInTheResources();
     void scaleActionsCrossOver();
     void clcRecordDisablesTheAnalysisActions();
     void primaryAndSecondaryTakeTurns();
@@ -180,6 +182,20 @@ void TestOscillogramView::toolTipsAndCheckableActions()
     // The context menu of an analogue row offers the colours.
     QCOMPARE(describe(m_view->analogActionList()),
         QStringList({ QStringLiteral("Выбрать цвет\t"), QStringLiteral("Стандартный цвет\t") }));
+}
+
+void TestOscillogramView::everyIconPairIsInTheResources()
+{
+    using namespace ViewAction;
+    for (int id = 0; id < Count; ++id) {
+        const Description& row = description(Id(id));
+        if (!row.icon)
+            continue;
+        const QString plain = QLatin1String(row.icon);
+        const QString active = row.activeIcon ? QLatin1String(row.activeIcon) : plain + QStringLiteral("_2");
+        for (const QString& name : { plain, active })
+            QVERIFY2(QFile::exists(QStringLiteral(":/icons/%1.svg").arg(name)), qPrintable(name));
+    }
 }
 
 void TestOscillogramView::scaleActionsCrossOver()
