@@ -39,16 +39,16 @@ inline QSharedPointer<SimpleOscillogram> sineRecord(int analogs, int digitals, i
         channel->setUnit(QStringLiteral("В"));
         record->addAnalogChannel(channel);
     }
-    QList<QSharedPointer<DigitalChannel>> digitals;
+    QList<QSharedPointer<DigitalChannel>> digitalChannels;
     for (int c = 0; c < digitals; ++c) {
         auto channel = QSharedPointer<DigitalChannel>::create();
         channel->setData(data);
         channel->setDataOffset(c);
         channel->setDataCount(1);
         channel->setName(QStringLiteral("D%1").arg(c + 1));
-        digitals << channel;
+        digitalChannels << channel;
     }
-    record->setDigitalChannels(digitals);
+    record->setDigitalChannels(digitalChannels);
     return record;
 }
 
