@@ -1,10 +1,10 @@
 #include "Views/AChanPlotListView.h"
 
 #include "Model/AnalogChannel.h"
+#include "Settings/ColorStyle.h"
 #include "Views/AnalogToolBar.h"
 #include "Views/ChannelPlotView.h"
 #include "Views/OscillogramViewModel.h"
-#include "Views/Painters/ColorStyle.h"
 #include "Views/RowAndSplitter.h"
 #include "Views/Splitter.h"
 

@@ -1,6 +1,6 @@
 #include "Views/RowColors.h"
 
-#include "Views/Painters/ColorStyle.h"
+#include "Settings/ColorStyle.h"
 
 RowColors RowColors::forStyle(int style)
 {
