@@ -2,6 +2,7 @@
 
 #include "Loaders/ComtradeLoader.h"
 #include "Loaders/CsvParser.h"
+#include "Model/CheckedSize.h"
 
 #include <QFile>
 #include <QTextStream>
@@ -148,7 +149,8 @@ void ComtradeLoader::readBinaryDataFile(const QString& path)
     const qint64 size = file.size();
     // One record more than the whole ones, for a last record cut short.
     const qint64 records = size / recordSize + 1;
-    if (records > std::numeric_limits<int>::max())
+    // One record must fit the read buffer, and the count of records an int.
+    if (recordSize > Korvane::largestBlockBytes || records > std::numeric_limits<int>::max())
         failStoreTooLarge();
     const int estimate = int(records - 1);
 

@@ -1,10 +1,10 @@
 #include "Views/AChanParItemFrame.h"
 
 #include "Model/AnalogChannel.h"
+#include "Settings/ColorStyle.h"
 #include "Settings/KorvaneSettings.h"
 #include "Views/AChanParModel.h"
 #include "Views/OscillogramViewModel.h"
-#include "Settings/ColorStyle.h"
 #include "Views/ParValueWidget.h"
 #include "Views/RowColors.h"
 #include "Views/SignalNameWidget.h"

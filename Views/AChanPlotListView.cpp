@@ -1,10 +1,10 @@
 #include "Views/AChanPlotListView.h"
 
 #include "Model/AnalogChannel.h"
+#include "Settings/ColorStyle.h"
 #include "Views/AnalogToolBar.h"
 #include "Views/ChannelPlotView.h"
 #include "Views/OscillogramViewModel.h"
-#include "Settings/ColorStyle.h"
 #include "Views/RowAndSplitter.h"
 #include "Views/Splitter.h"
 
@@ -112,6 +112,8 @@ AnalogToolBar* AChanPlotListView::toolBar(int channel) const
 AnalogToolBar* AChanPlotListView::createToolBar(ChannelPlotView* plot)
 {
     auto* bar = new AnalogToolBar(plot);
+    // A light bar, so that the buttons stand out from the plot under them in every style.
+    bar->setAutoFillBackground(true);
     // The buttons act on the channel that names the row when they are pressed.
     const auto forward = [this, plot, bar](void (AnalogToolBar::*from)(), void (ScrollArea::*to)(int)) {
         connect(bar, from, this, [this, plot, to] { emit(this->*to)(plot->getChannelNumber()); });

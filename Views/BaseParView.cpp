@@ -39,10 +39,7 @@ bool BaseParView::acceptsDrag(const QMimeData* data) const
 
 void BaseParView::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (acceptsDrag(event->mimeData()))
-        event->acceptProposedAction();
-    else
-        event->ignore();
+    dragMoveEvent(event);
 }
 
 void BaseParView::dragMoveEvent(QDragMoveEvent* event)

@@ -1,7 +1,7 @@
 #include "Views/BasePlotView.h"
 
-#include "Views/OscillogramViewModel.h"
 #include "Settings/ColorStyle.h"
+#include "Views/OscillogramViewModel.h"
 
 #include <QEvent>
 

@@ -24,6 +24,7 @@ ChanParItem::ChanParItem(
     , m_toolBar(new DigitalToolBar(this))
 {
     m_toolBar->hide();
+    m_toolBar->setAutoFillBackground(true);
     connect(m_toolBar, &DigitalToolBar::sigInvert, this,
         [this](bool inverted) { AListHelper::setChannelInverted(*viewModel(), m_channelNumber, inverted); });
     auto* layout = new QHBoxLayout(this);

@@ -84,40 +84,19 @@ void ChannelPlotView::paintEvent(QPaintEvent* event)
     painter.fillRect(0, y - kDropMarkWidth / 2, width(), kDropMarkWidth, RowColors::current().dragMark);
 }
 
-bool ChannelPlotView::acceptsDrag(const QMimeData* data) const
-{
-    const int dragged = ChannelMime::channel(data);
-    if (dragged < 0 || dragged == getChannelNumber())
-        return false;
-    return m_model->isAnalogChannel(dragged) == m_model->isAnalogChannel(getChannelNumber());
-}
-
-void ChannelPlotView::trackDrag(QDragMoveEvent* event)
-{
-    m_dragPos = ChannelMime::dragPos(event->pos().y(), height());
-    setDragSelected(true);
-    update();
-    emit sigDragChannelSelected(getChannelNumber(), true, m_dragPos);
-}
-
 void ChannelPlotView::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!acceptsDrag(event->mimeData())) {
-        event->ignore();
-        return;
-    }
-    event->acceptProposedAction();
-    trackDrag(event);
+    dragMoveEvent(event);
 }
 
 void ChannelPlotView::dragMoveEvent(QDragMoveEvent* event)
 {
-    if (!acceptsDrag(event->mimeData())) {
-        event->ignore();
+    if (!ChannelMime::take(*m_model, event, getChannelNumber()))
         return;
-    }
-    event->acceptProposedAction();
-    trackDrag(event);
+    m_dragPos = ChannelMime::dragPos(event->pos().y(), height());
+    setDragSelected(true);
+    update();
+    emit sigDragChannelSelected(getChannelNumber(), true, m_dragPos);
 }
 
 void ChannelPlotView::dragLeaveEvent(QDragLeaveEvent* event)
@@ -129,14 +108,11 @@ void ChannelPlotView::dragLeaveEvent(QDragLeaveEvent* event)
 
 void ChannelPlotView::dropEvent(QDropEvent* event)
 {
-    if (!acceptsDrag(event->mimeData())) {
-        event->ignore();
+    if (!ChannelMime::take(*m_model, event, getChannelNumber()))
         return;
-    }
     const DRAG_POS pos = ChannelMime::dragPos(event->pos().y(), height());
     setDragSelected(false);
     emit sigDragChannelSelected(getChannelNumber(), false, pos);
-    event->acceptProposedAction();
     emit sigDropSignal(event, getChannelNumber(), pos);
 }
 

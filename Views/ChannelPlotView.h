@@ -66,9 +66,6 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    bool acceptsDrag(const QMimeData* data) const;
-    void trackDrag(QDragMoveEvent* event);
-
     QSharedPointer<OscillogramViewModel> m_model;
     QList<int> m_channels;
     bool m_dragSelected = false;

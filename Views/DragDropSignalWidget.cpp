@@ -53,14 +53,6 @@ void DragDropSignalWidget::dragEvent(const QPixmap& pixmap)
     emit model->sigDragFinish();
 }
 
-bool DragDropSignalWidget::acceptsDrag(const QMimeData* data) const
-{
-    const int dragged = ChannelMime::channel(data);
-    if (dragged < 0 || dragged == channelNumber())
-        return false;
-    return m_model->isAnalogChannel(dragged) == m_model->isAnalogChannel(channelNumber());
-}
-
 void DragDropSignalWidget::setDragSelected(bool selected)
 {
     m_dragSelected = selected;
@@ -77,26 +69,18 @@ void DragDropSignalWidget::setDragSelected(bool selected)
     m_mark->show();
 }
 
-void DragDropSignalWidget::trackDrag(QDragMoveEvent* event)
-{
-    if (!acceptsDrag(event->mimeData())) {
-        event->ignore();
-        return;
-    }
-    event->acceptProposedAction();
-    m_dragPos = ChannelMime::dragPos(event->pos().y(), height());
-    setDragSelected(true);
-    emit sigDragChannelSelected(channelNumber(), true, m_dragPos);
-}
-
 void DragDropSignalWidget::dragEnterEvent(QDragEnterEvent* event)
 {
-    trackDrag(event);
+    dragMoveEvent(event);
 }
 
 void DragDropSignalWidget::dragMoveEvent(QDragMoveEvent* event)
 {
-    trackDrag(event);
+    if (!ChannelMime::take(*m_model, event, channelNumber()))
+        return;
+    m_dragPos = ChannelMime::dragPos(event->pos().y(), height());
+    setDragSelected(true);
+    emit sigDragChannelSelected(channelNumber(), true, m_dragPos);
 }
 
 void DragDropSignalWidget::dragLeaveEvent(QDragLeaveEvent* event)
@@ -108,12 +92,9 @@ void DragDropSignalWidget::dragLeaveEvent(QDragLeaveEvent* event)
 
 void DragDropSignalWidget::dropEvent(QDropEvent* event)
 {
-    const int dragged = ChannelMime::channel(event->mimeData());
-    if (!acceptsDrag(event->mimeData())) {
-        event->ignore();
+    if (!ChannelMime::take(*m_model, event, channelNumber()))
         return;
-    }
-    event->acceptProposedAction();
+    const int dragged = ChannelMime::channel(event->mimeData());
     const DRAG_POS pos = ChannelMime::dragPos(event->pos().y(), height());
     setDragSelected(false);
     emit sigDragChannelSelected(channelNumber(), false, pos);

@@ -39,8 +39,6 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    bool acceptsDrag(const QMimeData* data) const;
-    void trackDrag(QDragMoveEvent* event);
     void setDragSelected(bool selected);
 
     QSharedPointer<OscillogramViewModel> m_model;

@@ -1,7 +1,10 @@
 #include "Views/DropInfo.h"
 
+#include "Views/OscillogramViewModel.h"
+
 #include <QByteArray>
 #include <QDataStream>
+#include <QDropEvent>
 #include <QIODevice>
 #include <QMimeData>
 
@@ -40,6 +43,24 @@ int channel(const QMimeData* data)
 DRAG_POS dragPos(int y, int height)
 {
     return height / 2 <= y ? DRAG_POS_LOWER : DRAG_POS_UPPER;
+}
+
+bool accepts(const OscillogramViewModel& model, const QMimeData* data, int targetChannel)
+{
+    const int dragged = channel(data);
+    if (dragged < 0 || dragged == targetChannel)
+        return false;
+    return model.isAnalogChannel(dragged) == model.isAnalogChannel(targetChannel);
+}
+
+bool take(const OscillogramViewModel& model, QDropEvent* event, int targetChannel)
+{
+    if (!accepts(model, event->mimeData(), targetChannel)) {
+        event->ignore();
+        return false;
+    }
+    event->acceptProposedAction();
+    return true;
 }
 
 } // namespace ChannelMime

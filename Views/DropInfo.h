@@ -5,6 +5,7 @@
 #include <QMetaType>
 #include <QString>
 
+class OscillogramViewModel;
 class QDropEvent;
 class QMimeData;
 
@@ -34,4 +35,9 @@ KORVANE_EXPORT QMimeData* make(int channel);
 KORVANE_EXPORT int channel(const QMimeData* data);
 // The half of a row of that height that y falls in.
 KORVANE_EXPORT DRAG_POS dragPos(int y, int height);
+// Whether a row may take the drag: another channel of its own kind, analogue or discrete.
+KORVANE_EXPORT bool accepts(const OscillogramViewModel& model, const QMimeData* data, int targetChannel);
+// Accepts a drag enter, move or drop event that the row of the channel takes and ignores any other;
+// true when taken.
+KORVANE_EXPORT bool take(const OscillogramViewModel& model, QDropEvent* event, int targetChannel);
 } // namespace ChannelMime

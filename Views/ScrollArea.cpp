@@ -139,6 +139,18 @@ void ScrollArea::repopulateWithOverlays(const AListHelper::Rows& rows)
     m_helper->repopulateWithOverlays(rows);
 }
 
+void ScrollArea::reset()
+{
+    m_helper->repopulate();
+}
+
+void ScrollArea::deleteItem(QWidget* item)
+{
+    const int index = indexOfRow(item);
+    if (index >= 0)
+        m_helper->deleteRow(m_helper->rows()[std::size_t(index)].front());
+}
+
 std::vector<int> ScrollArea::containedChannelIds() const
 {
     return m_helper->containedChannelIds();

@@ -39,6 +39,10 @@ public:
     AListHelper* listHelper() const { return m_helper.get(); }
     void repopulate(const std::optional<std::vector<int>>& order = std::nullopt);
     void repopulateWithOverlays(const AListHelper::Rows& rows);
+    // Back to one row per channel in the record's order, as a new record starts.
+    virtual void reset();
+    // Takes the row of that widget out of this list alone.
+    void deleteItem(QWidget* item);
     std::vector<int> containedChannelIds() const;
     int findInsertIndex(const DropInfo& drop) const;
     QWidget* itemAttachedToDescriptor(int channel) const;

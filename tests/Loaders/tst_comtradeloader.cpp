@@ -84,6 +84,16 @@ QByteArray zipWithDeclaredSize(const QByteArray& name, quint32 declared)
     return local + central + end;
 }
 
+// Loads with TMPDIR pointing at the given folder, where a zip is extracted.
+LoadOutcome loadWithTemporaryFolder(const QString& path, const QString& temporaryFolder)
+{
+    const QByteArray oldTemp = qgetenv("TMPDIR");
+    qputenv("TMPDIR", temporaryFolder.toLocal8Bit());
+    const LoadOutcome outcome = load(path);
+    qputenv("TMPDIR", oldTemp);
+    return outcome;
+}
+
 QString errorText(const LoadOutcome& outcome)
 {
     return outcome.error ? outcome.error->message() : QString();
@@ -712,13 +722,9 @@ private slots:
         QFETCH(QList<ZipMember>, members);
         QTemporaryDir temp;
         QTemporaryDir dir;
-        const QByteArray oldTemp = qgetenv("TMPDIR");
-        qputenv("TMPDIR", temp.path().toLocal8Bit());
         const QString zip = dir.filePath(QStringLiteral("set.zip"));
         QVERIFY(writeZip(zip, members));
-        QList<QPair<QString, double>> progress;
-        const LoadOutcome outcome = load(zip);
-        qputenv("TMPDIR", oldTemp);
+        const LoadOutcome outcome = loadWithTemporaryFolder(zip, temp.path());
         QCOMPARE(errorText(outcome), QString());
         const auto record = outcome.record();
         QVERIFY(record);
@@ -892,10 +898,7 @@ private slots:
         const QByteArray zeros((16 << 20) + 1, '0');
         QVERIFY(writeZip(zip, { { "r.cfg", comtradeCfg(set) }, { "r.dat", zeros } }));
         QVERIFY(QFileInfo(zip).size() * 100 < zeros.size());
-        const QByteArray oldTemp = qgetenv("TMPDIR");
-        qputenv("TMPDIR", temp.path().toLocal8Bit());
-        const LoadOutcome outcome = load(zip);
-        qputenv("TMPDIR", oldTemp);
+        const LoadOutcome outcome = loadWithTemporaryFolder(zip, temp.path());
         QCOMPARE(errorText(outcome), QStringLiteral("Архив содержит файл слишком большого размера"));
         QVERIFY(outcome.error.dynamicCast<LoadFailureException>());
         QCOMPARE(leftovers(temp.path()), QStringList());
@@ -908,10 +911,7 @@ private slots:
         QTemporaryDir dir;
         const QString zip = dir.filePath(QStringLiteral("lie.zip"));
         QVERIFY(writeFile(zip, zipWithDeclaredSize("r.dat", 3000000000u)));
-        const QByteArray oldTemp = qgetenv("TMPDIR");
-        qputenv("TMPDIR", temp.path().toLocal8Bit());
-        const LoadOutcome outcome = load(zip);
-        qputenv("TMPDIR", oldTemp);
+        const LoadOutcome outcome = loadWithTemporaryFolder(zip, temp.path());
         QCOMPARE(errorText(outcome), QStringLiteral("Архив содержит файл слишком большого размера"));
         QCOMPARE(leftovers(temp.path()), QStringList());
     }

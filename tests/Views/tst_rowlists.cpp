@@ -1,6 +1,7 @@
 #include "SineRecords.h"
 
 #include "Calc/CalcModule.h"
+#include "Settings/ColorStyle.h"
 #include "Settings/KorvaneSettings.h"
 #include "Views/AChanParItem.h"
 #include "Views/AChanParItemFrame.h"
@@ -17,7 +18,6 @@
 #include "Views/DigitalChannelNameItem.h"
 #include "Views/DigitalToolBar.h"
 #include "Views/OscillogramViewModel.h"
-#include "Settings/ColorStyle.h"
 #include "Views/ParValueWidget.h"
 #include "Views/RowAndSplitter.h"
 #include "Views/RowColors.h"
@@ -389,6 +389,9 @@ void TestRowLists::panelDropMovesTheRowInBothListsAndUndoRestores()
     QCOMPARE(plotChannels(lists.aPlot), QList<int>({ 0, 1, 2 }));
     lists.stack.redo();
     QCOMPARE(plotChannels(lists.aPlot), QList<int>({ 1, 2, 0 }));
+    // A reset brings the record's order back.
+    lists.aPlot.reset();
+    QCOMPARE(plotChannels(lists.aPlot), QList<int>({ 0, 1, 2 }));
 }
 
 void TestRowLists::dropBelowTheLastRowMovesToTheEnd()
@@ -441,6 +444,9 @@ void TestRowLists::discreteDropOnADiscretePlotMovesTheRow()
     QVERIFY(dropOn(plot, 1, plot->height() - 1));
     QCOMPARE(rowsOf(lists.dPlot), Rows({ { 2 }, { 3 }, { 1 } }));
     QCOMPARE(rowsOf(lists.dPar), Rows({ { 2 }, { 3 }, { 1 } }));
+    lists.dPlot.deleteItem(lists.dPlot.rowWidget(0));
+    QCOMPARE(rowsOf(lists.dPlot), Rows({ { 3 }, { 1 } }));
+    QCOMPARE(lists.dPlot.rowCount(), 2);
     // The analogue lists do not take discrete rows.
     QCOMPARE(rowsOf(lists.aPar), Rows({ { 0 } }));
 }
