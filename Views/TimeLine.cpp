@@ -1,8 +1,8 @@
 #include "Views/TimeLine.h"
 
 #include "Model/ComtradeOscillogram.h"
+#include "Settings/ColorStyle.h"
 #include "Views/OscillogramViewModel.h"
-#include "Views/Painters/ColorStyle.h"
 #include "Views/Painters/TimeLayers.h"
 #include "Views/TimeLineTexts.h"
 

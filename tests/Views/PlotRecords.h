@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Model/MeasureItem.h"
 #include "Model/SimpleOscillogram.h"
-#include "Views/MeasureItem.h"
 
 #include <QVector>
 

@@ -1,9 +1,9 @@
 #include "Model/ComtradeOscillogram.h"
 #include "PlotRecords.h"
+#include "Settings/ColorStyle.h"
 #include "Settings/KorvaneSettings.h"
 #include "Views/CurrentTimePositionView.h"
 #include "Views/OscillogramViewModel.h"
-#include "Views/Painters/ColorStyle.h"
 #include "Views/TimeLine.h"
 
 #include <QPainter>
