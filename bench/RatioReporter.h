@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-// The console table of Google Benchmark, keeping the time of each run, so that a benchmark can
+// The console table of Google Benchmark, keeping the time of each run by the benchmark's name
+// without its arguments ("Scroll/min_time:1.000" is kept as "Scroll"), so that a benchmark can
 // print its ratios against the baseline of the same run after the table.
 class RatioReporter : public benchmark::ConsoleReporter
 {
@@ -14,7 +15,7 @@ public:
     void ReportRuns(const std::vector<Run>& runs) override
     {
         for (const Run& run : runs)
-            times[run.benchmark_name()] = run.GetAdjustedRealTime();
+            times[run.benchmark_name().substr(0, run.benchmark_name().find('/'))] = run.GetAdjustedRealTime();
         ConsoleReporter::ReportRuns(runs);
     }
     std::map<std::string, double> times;
