@@ -1,6 +1,7 @@
 #include "EasyLibKorvane.h"
 
 #include "Model/Channel.h"
+#include "Model/LoadReport.h"
 #include "Model/Oscillogram.h"
 #include "Model/OscillogramLoader.h"
 #include "Model/OscillogramLoaderFactory.h"
@@ -20,7 +21,9 @@ template<typename T> void registerOnce(const char* name)
     if (QMetaType::type(name) == QMetaType::UnknownType)
         qRegisterMetaType<T>(name);
 }
+} // namespace
 
+namespace LoadReport {
 void showUnsupportedFormat(QWidget* parent)
 {
     QMessageBox::critical(parent, EasyLibKorvane::tr("Загрузка файла"),
@@ -36,6 +39,22 @@ void reportLoadError(QWidget* parent, const QSharedPointer<Exception>& exception
         parent, EasyLibKorvane::tr("Загрузка файла"), exceptionChainText(*exception), QMessageBox::Ok);
 }
 
+// Runs the loader on the pool and deletes it once its run() has returned, whatever the outcome:
+// only then is the worker certain to touch it no more.
+void runAndDelete(OscillogramLoader* loader)
+{
+    QThreadPool::globalInstance()->start(QRunnable::create([loader]() {
+        loader->run();
+        loader->deleteLater();
+    }));
+}
+} // namespace LoadReport
+
+using LoadReport::reportLoadError;
+using LoadReport::runAndDelete;
+using LoadReport::showUnsupportedFormat;
+
+namespace {
 // The outcome of one modal open, shared by the interface thread and the worker and kept alive by
 // both, so that neither writes into something the other has left. Exactly one of three things
 // settles it: the worker completes, the worker fails, or the interface thread abandons the load.
@@ -74,16 +93,6 @@ private:
     LoaderResult m_result;
     QSharedPointer<Exception> m_failure;
 };
-
-// Runs the loader on the pool and deletes it once its run() has returned, whatever the outcome:
-// only then is the worker certain to touch it no more.
-void runAndDelete(OscillogramLoader* loader)
-{
-    QThreadPool::globalInstance()->start(QRunnable::create([loader]() {
-        loader->run();
-        loader->deleteLater();
-    }));
-}
 } // namespace
 
 void EasyLibKorvane::initialize()
