@@ -5,8 +5,8 @@
 // Input: byte 0 chooses the form (0 pair, 1 zip, 2 pair with .inf). For the pairs, two bytes
 // give the length of the .cfg (little-endian), then its bytes; with an .inf two more bytes give
 // its length, then its bytes; the rest is the .dat.
+#include "LoaderHarness.h"
 #include "Loaders/ComtradeLoader.h"
-#include "Model/Exception.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -106,10 +106,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         if (form == 2)
             writeFile(setFolder.filePath(QStringLiteral("set.inf")), inf);
     }
-    QSharedPointer<Exception> error;
     ComtradeLoader loader(opened, nullptr);
-    QObject::connect(&loader, &TaskBase::error, [&error](QSharedPointer<Exception> e) { error = e; });
-    loader.run();
+    const QSharedPointer<Exception> error = runToEnd(loader);
     requireKnownOutcome(error, loader.result());
     requireEmptyTemporaryFolder();
     return 0;
