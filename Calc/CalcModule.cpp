@@ -1,15 +1,16 @@
 #include "Calc/CalcModule.h"
 
 #include "CalcLib/CalcRoutines.h"
+#include "CalcLib/NumericConstants.h"
 #include "Settings/KorvaneSettings.h"
 
 #include <algorithm>
 #include <vector>
 
 namespace {
-constexpr double kSqrt2 = 1.4142135623730951;
-constexpr double kRadiansPerDegree = 0.017453292519943295;
-constexpr double kQuarterTurn = 1.5707963267948966;
+using NumericConstants::kHalfPi;
+using NumericConstants::kRadiansPerDegree;
+using NumericConstants::kSqrt2;
 constexpr int kFastDeviceType = 1;
 constexpr int kFastStepMs = 4;
 constexpr int kNormalStepMs = 8;
@@ -166,7 +167,7 @@ void CalcModule::measurePhase(
 {
     const CalcParameters parameters = calculate({ channel, sample });
     amplitude = LineCalc::convertToMode(parameters.firstHarmonic * kSqrt2, *channel, m_lineCalc->modePS());
-    phaseRadians = parameters.phase * kRadiansPerDegree - kQuarterTurn;
+    phaseRadians = parameters.phase * kRadiansPerDegree - kHalfPi;
     if (channel->chanType() == kVoltageA)
         m_lineCalc->setFrequency(parameters.frequency);
 }

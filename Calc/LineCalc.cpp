@@ -1,12 +1,13 @@
 #include "Calc/LineCalc.h"
+#include "CalcLib/NumericConstants.h"
 
 #include <QCoreApplication>
 
 #include <cmath>
 
 namespace {
-constexpr double kThirdOfTurn = 2.0943951023931957;
-constexpr double kDegreesPerRadian = 57.29577951308232;
+using NumericConstants::kDegreesPerRadian;
+using NumericConstants::kThirdOfTurn;
 constexpr double kSmallestCurrent = 1e-10;
 constexpr double kEpsilon = 2.220446049250313e-16;
 

@@ -2,6 +2,7 @@
 
 #include "CalcLib/CalcRoutines.h"
 #include "CalcLib/ConsoleText.h"
+#include "CalcLib/NumericConstants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,11 +12,11 @@
 #include <new>
 
 namespace {
-constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
-constexpr double kHalfPi = 1.5707963267948966;
-constexpr double kDegreesPerRadian = 57.29577951308232;
-constexpr double kSqrt2 = 1.4142135623730951;
+using NumericConstants::kDegreesPerRadian;
+using NumericConstants::kHalfPi;
+using NumericConstants::kPi;
+using NumericConstants::kSqrt2;
+using NumericConstants::kTwoPi;
 constexpr double kNominalFrequency = 50.0;
 constexpr double kLowestFrequency = 40.0;
 constexpr double kHighestFrequency = 60.0;

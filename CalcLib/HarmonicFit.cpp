@@ -1,12 +1,13 @@
 #include "CalcLib/CalcRoutines.h"
+#include "CalcLib/NumericConstants.h"
 
 #include <algorithm>
 #include <complex>
 #include <new>
 
 namespace {
-constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
+using NumericConstants::kPi;
+using NumericConstants::kTwoPi;
 using Complex = std::complex<double>;
 
 // Steps of e^(j k theta) by rotation, which keeps the magnitude where a long run of the

@@ -1,13 +1,14 @@
 #include "CalcLib/OrdaCalculator.h"
 
 #include "CalcLib/CalcRoutines.h"
+#include "CalcLib/NumericConstants.h"
 
 #include <cmath>
 
 namespace {
-constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
-constexpr double kSqrt2 = 1.4142135623730951;
+using NumericConstants::kPi;
+using NumericConstants::kSqrt2;
+using NumericConstants::kTwoPi;
 constexpr double kNominalFrequency = 50.0;
 constexpr double kNominalPeriodMs = 20.0;
 // The side-lobe ratio as the single-precision value the bank was designed with.

@@ -1,12 +1,13 @@
 #include "CalcLib/PhasorFilterBank.h"
+#include "CalcLib/NumericConstants.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numeric>
 
 namespace {
-constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
+using NumericConstants::kPi;
+using NumericConstants::kTwoPi;
 constexpr double kNominalFrequency = 50.0;
 constexpr double kCorrectionStep = 0.0001220703125; // 1 / 8192
 constexpr double kFadeStep = 0.00048828125; // 1 / 2048

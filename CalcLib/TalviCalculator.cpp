@@ -1,12 +1,13 @@
 #include "CalcLib/TalviCalculator.h"
 
 #include "CalcLib/CalcRoutines.h"
+#include "CalcLib/NumericConstants.h"
 
 namespace {
-constexpr double kTwoPi = 6.283185307179586;
-constexpr double kHalfPi = 1.5707963267948966;
-constexpr double kDegreesPerRadian = 57.29577951308232;
-constexpr double kSqrt2 = 1.4142135623730951;
+using NumericConstants::kDegreesPerRadian;
+using NumericConstants::kHalfPi;
+using NumericConstants::kSqrt2;
+using NumericConstants::kTwoPi;
 constexpr double kAssumedFrequency = 50.0;
 constexpr double kMinFrequency = 40.0;
 constexpr double kMaxFrequency = 70.0;

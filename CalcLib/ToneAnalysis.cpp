@@ -1,8 +1,9 @@
 #include "CalcLib/CalcRoutines.h"
+#include "CalcLib/NumericConstants.h"
 
 namespace {
-constexpr double kTwoPi = 6.283185307179586;
-constexpr double kSqrt2 = 1.4142135623730951;
+using NumericConstants::kSqrt2;
+using NumericConstants::kTwoPi;
 constexpr double kTiny = 1e-40;
 
 struct ToneSums

@@ -1,6 +1,7 @@
 // Window analyses per second of the calculation engine and of the spectrum, against a plain pass
 // that sums the same window; and a whole hodograph: two analyses a sample over 1,000,000 samples.
 
+#include "CalcFixtures.h"
 #include "CalcLib/CalcEngine.h"
 #include "CalcLib/CalcRoutines.h"
 
@@ -28,18 +29,10 @@ std::vector<int32_t> recordSamples(int count, double rate, double frequency = 49
     return x;
 }
 
-DevConfig talviConfig(int window)
+// 40 ms windows: W = 80 at 2000 Hz, W = 400 at 10000 Hz.
+DevConfig fortyMsConfig(int window)
 {
-    // 40 ms windows: W = 80 at 2000 Hz, W = 400 at 10000 Hz.
-    DevConfig config;
-    config.rowCount = 1;
-    config.intervalMs = 40;
-    config.sampleRate = window * 25.0;
-    config.windowSamples = window;
-    config.stepMs = 8;
-    config.varType = 2;
-    config.constType = 2;
-    return config;
+    return talviConfig(window * 25.0, window);
 }
 
 DevConfig channelConfig(DevConfig config)
@@ -93,7 +86,7 @@ void BM_SumWindow(benchmark::State& state)
 {
     const int window = static_cast<int>(state.range(0));
     CalcEngine engine;
-    engine.init(talviConfig(window));
+    engine.init(fortyMsConfig(window));
     fill(engine, recordSamples(window, window * 25.0), 0);
     const SampleBuffer& buffer = engine.buffer();
     for (auto _ : state) {
@@ -111,7 +104,7 @@ void BM_TalviCalculate(benchmark::State& state)
 {
     const int window = static_cast<int>(state.range(0));
     CalcEngine engine;
-    const DevConfig config = talviConfig(window);
+    const DevConfig config = fortyMsConfig(window);
     engine.init(config);
     engine.setDevConfig(channelConfig(config));
     fill(engine, recordSamples(window, config.sampleRate), 0);
@@ -129,7 +122,7 @@ void BM_MeasureSpectrum(benchmark::State& state)
 {
     const int window = static_cast<int>(state.range(0));
     CalcEngine engine;
-    const DevConfig config = talviConfig(window);
+    const DevConfig config = fortyMsConfig(window);
     engine.init(config);
     // Two periods of 50.3 Hz fit in 40 ms; two of 49.7 Hz would not.
     const std::vector<int32_t> record = recordSamples(window, config.sampleRate, 50.3);
@@ -157,7 +150,7 @@ void BM_Hodograph(benchmark::State& state)
 {
     constexpr int kSamples = 1000000;
     constexpr int kWindow = 80;
-    const DevConfig config = talviConfig(kWindow);
+    const DevConfig config = fortyMsConfig(kWindow);
     const std::vector<int32_t> voltage = recordSamples(kSamples + kWindow, config.sampleRate);
     std::vector<int32_t> current(voltage.rbegin(), voltage.rend());
     CalcEngine engine;

@@ -1,32 +1,25 @@
 // Arbitrary windows through every calculator of the engine and through the spectrum.
 #include "CalcLib/CalcEngine.h"
 #include "CalcLib/CalcRoutines.h"
+#include "tests/support/StreamCapture.h"
 
 #include <cstdint>
 #include <cstring>
 #include <iostream>
-#include <sstream>
 #include <vector>
 
 namespace {
 const double kRates[] = { 1000.0, 1200.0, 2000.0, 4000.0, 60.0, 10000.0 };
 const int kIntervals[] = { 20, 40, 60, 80, 10, 0 };
 
-struct Quiet
-{
-    // The varying phasor prints a line per analysis.
-    Quiet() : old(std::cout.rdbuf(sink.rdbuf())) { }
-    ~Quiet() { std::cout.rdbuf(old); }
-    std::ostringstream sink;
-    std::streambuf* old;
-};
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     if (size < 6)
         return 0;
-    Quiet quiet;
+    // The varying phasor prints a line per analysis.
+    StreamCapture quiet(std::cout);
     DevConfig config;
     config.rowCount = 1;
     config.sampleRate = kRates[data[0] % 6];

@@ -1,7 +1,7 @@
 // Feeds arbitrary bytes to the .clc reader through a file. A load must end in a record or in a
 // LoadFailureException; a record is then read through like a view would.
+#include "LoaderHarness.h"
 #include "Loaders/ClcLoader.h"
-#include "Model/OscillogramData.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -12,19 +12,6 @@
 
 namespace {
 QTemporaryFile* scratch = nullptr;
-
-void readThrough(const Oscillogram& record)
-{
-    volatile double sink = 0;
-    for (int c = 0; c < record.countOfChannels(); ++c) {
-        const auto channel = record.channel(c);
-        for (int s = 0; s < record.countOfSamples(); ++s) {
-            for (int k = 0; k < channel->dataCount(); ++k)
-                sink = sink + channel->getValue(s, channel->dataOffset() + k);
-        }
-    }
-    sink = sink + record.endTime().toString().size() + record.deviceName().size();
-}
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
@@ -52,12 +39,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         || !scratch->flush())
         __builtin_trap();
     ClcLoader loader(scratch->fileName(), nullptr);
-    QSharedPointer<Exception> failure;
-    QObject::connect(&loader, &TaskBase::error, [&failure](QSharedPointer<Exception> e) { failure = e; });
-    loader.run();
-    if (const auto record = loader.result().oscillogram)
-        readThrough(*record);
-    else if (!failure.dynamicCast<LoadFailureException>() || failure->message().isEmpty())
-        __builtin_trap();
+    requireRecordOrLoadFailure(loader);
     return 0;
 }

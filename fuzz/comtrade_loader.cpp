@@ -7,8 +7,8 @@
 // compatibly, the only reading that opens one). For the pairs, two bytes give the length of the
 // .cfg (little-endian), then its bytes; with an .inf two more bytes give its length, then its
 // bytes; the rest is the .dat. The zip and the .cff are the rest of the input as it stands.
+#include "LoaderHarness.h"
 #include "Loaders/ComtradeLoader.h"
-#include "Model/Exception.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -109,11 +109,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         if (form == 2)
             writeFile(setFolder.filePath(QStringLiteral("set.inf")), inf);
     }
-    QSharedPointer<Exception> error;
     ComtradeLoader loader(opened, nullptr);
     loader.setCompatible(compatible);
-    QObject::connect(&loader, &TaskBase::error, [&error](QSharedPointer<Exception> e) { error = e; });
-    loader.run();
+    const QSharedPointer<Exception> error = runToEnd(loader);
     requireKnownOutcome(error, loader.result());
     requireEmptyTemporaryFolder();
     return 0;

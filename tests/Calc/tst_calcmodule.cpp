@@ -1,4 +1,5 @@
 #include "Calc/CalcModule.h"
+#include "CalcFixtures.h"
 #include "Settings/KorvaneSettings.h"
 #include "ThreePhaseRecord.h"
 
@@ -13,17 +14,6 @@ using namespace ThreePhaseRecord;
 
 namespace {
 constexpr double kSqrt2 = 1.4142135623730951;
-
-// The difference of two angles in degrees, brought into [-180, 180).
-double angleDifference(double a, double b)
-{
-    double d = std::fmod(a - b, 360.0);
-    if (d < -180.0)
-        d += 360.0;
-    if (d >= 180.0)
-        d -= 360.0;
-    return d;
-}
 
 // The angle in degrees of a sine whose cosine has the given angle.
 double sineDegrees(double cosineDegrees)
@@ -49,19 +39,6 @@ QSharedPointer<AnalogChannel> rampChannel(int samples)
 QSharedPointer<AnalogChannel> sineChannel(const Phasor& p, double multiplier = 0.01, int samples = 800)
 {
     return doubleChannel(doubleColumns({ cosineColumn(p, multiplier) }, samples), 0, multiplier);
-}
-
-DevConfig talviConfig(int window = kWindow)
-{
-    DevConfig config;
-    config.rowCount = 1;
-    config.sampleRate = kRate;
-    config.windowSamples = window;
-    config.intervalMs = int(window * 1000 / kRate);
-    config.stepMs = 8;
-    config.varType = 2;
-    config.constType = 2;
-    return config;
 }
 
 QVector<int32_t> cells(CalcModule& module)
@@ -206,7 +183,7 @@ void TestCalcModule::defaultModuleHasNoEngine()
 void TestCalcModule::canCalculateFromTheWindowOn()
 {
     CalcModule module;
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     QVERIFY(!module.canCalculateSample(-1));
     QVERIFY(!module.canCalculateSample(0));
     QVERIFY(!module.canCalculateSample(kWindow - 1));
@@ -236,7 +213,7 @@ void TestCalcModule::generateBufferRoundsHalvesAwayFromZero()
     QFETCH(double, value);
     QFETCH(int, cell);
     CalcModule module;
-    module.init(talviConfig(8));
+    module.init(talviConfig(kRate, 8));
     module.generateBuffer({ constantChannel(value, 20), 10 });
     QCOMPARE(cells(module), QVector<int32_t>(8, cell));
 }
@@ -258,7 +235,7 @@ void TestCalcModule::generateBufferTakesTheWindowBeforeTheIndex()
     QFETCH(int, sampleIndex);
     QFETCH(int, firstSample);
     CalcModule module;
-    module.init(talviConfig(8));
+    module.init(talviConfig(kRate, 8));
     module.generateBuffer({ rampChannel(30), sampleIndex });
     QVector<int32_t> expected;
     for (int j = 0; j < 8; ++j)
@@ -269,7 +246,7 @@ void TestCalcModule::generateBufferTakesTheWindowBeforeTheIndex()
 void TestCalcModule::generateBufferMirrorsAnInvertedChannel()
 {
     CalcModule module;
-    module.init(talviConfig(4));
+    module.init(talviConfig(kRate, 4));
     const auto channel = rampChannel(10);
     channel->setIsInverted(true);
     // Mirrored within the channel's range 0 .. 9, and beyond the end the store's 0 is mirrored too.
@@ -283,7 +260,7 @@ void TestCalcModule::calculateMeasuresASine()
 {
     const Phasor p { 57.0, 30.0 };
     CalcModule module;
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     const int sample = 433;
     const CalcParameters result = module.calculate({ sineChannel(p), sample });
     QVERIFY(qAbs(result.frequency - 50.0) < 1e-3);
@@ -300,7 +277,7 @@ void TestCalcModule::calculateMeasuresASine()
 void TestCalcModule::calculateAppliesScaleAndOffset()
 {
     CalcModule module;
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     // Raw 100000 cos + 20000 under multiplier 0.005 and offset -7: physical 500 cos + 93.
     const auto data = doubleColumns(
         { [](int i) { return 20000.0 + 100000.0 * std::cos(2 * kPi * 50.0 * i / kRate); } }, 400);
@@ -315,7 +292,7 @@ void TestCalcModule::calculateAppliesScaleAndOffset()
 void TestCalcModule::calculateBelowTheWindowReadsTheFirstWindow()
 {
     CalcModule module;
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     const auto channel = sineChannel({ 40.0, -60.0 });
     const CalcParameters atWindow = module.calculate({ channel, kWindow });
     for (int sample : { 0, 1, kWindow - 1 }) {
@@ -331,7 +308,7 @@ void TestCalcModule::calculateBelowTheWindowReadsTheFirstWindow()
 void TestCalcModule::calculateRemovesTheConverterDelay()
 {
     CalcModule module;
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     const auto channel = sineChannel({ 40.0, 10.0 });
     const double plain = module.calculate({ channel, 500 }).phase;
     channel->setAdcDelay(3.0);
@@ -346,7 +323,7 @@ void TestCalcModule::calculateRemovesTheConverterDelay()
 void TestCalcModule::constantShapeGivesTheMean()
 {
     CalcModule module;
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     const auto data = doubleColumns({ [](int i) { return 300.0 + (i % 2 ? 10.0 : -10.0); } }, 400);
     const auto channel = doubleChannel(data, 0, 0.1, 2.0);
     channel->setNormalState(ShapeConst);
@@ -360,7 +337,7 @@ void TestCalcModule::constantShapeGivesTheMean()
 void TestCalcModule::instantShapeKeepsThePreviousResults()
 {
     CalcModule module;
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     const CalcParameters first = module.calculate({ sineChannel({ 40.0, 10.0 }), 300 });
     const auto instant = sineChannel({ 80.0, 100.0 });
     instant->setNormalState(ShapeInstant);
@@ -375,7 +352,7 @@ void TestCalcModule::calculateStoresTheResultsAndZeroesKni()
     m_settings->setCalcDuration(2);
     CalcModule module;
     module.setAllSettings(m_settings);
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     const auto channel = doubleChannel(
         doubleColumns({ cosineColumn({ 50.0, 0.0 }, 0.01, 50.0, { { 3, { 10.0, 0.0 } } }) }, 800), 0, 0.01);
     const CalcParameters result = module.calculate({ channel, 400 });
@@ -391,7 +368,7 @@ void TestCalcModule::calculateStoresTheResultsAndZeroesKni()
 void TestCalcModule::setCalcTypeSelectsTheCalculator()
 {
     CalcModule module;
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     const auto withDc
         = doubleChannel(doubleColumns({ cosineColumn({ 100.0, 0.0 }, 0.01, 50.0, {}, 5.0) }, 800), 0, 0.01);
     const auto pure = sineChannel({ 100.0, 0.0 }, 0.01);
@@ -415,15 +392,17 @@ void TestCalcModule::setCalcTypeSelectsTheCalculator()
 void TestCalcModule::initReplacesEngineAndLineCalculator()
 {
     CalcModule module;
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     const QSharedPointer<LineCalc> before = module.lineCalc();
     module.setModePS(1);
-    const int32_t* const* cellsBefore = module.buf()[0];
-    module.init(talviConfig(80));
+    module.generateBuffer({ constantChannel(7.0), kWindow });
+    QCOMPARE(cells(module), QVector<int32_t>(kWindow, 7));
+    module.init(talviConfig(kRate, 80));
     QVERIFY(module.lineCalc() != before);
     QCOMPARE(module.lineCalc()->modePS(), 0);
+    // A new engine: a buffer of the new window that holds none of the samples of the old one.
     QCOMPARE(module.buf().samples(), 80);
-    QVERIFY(module.buf()[0] != cellsBefore || module.buf().samples() != 160);
+    QCOMPARE(cells(module), QVector<int32_t>(80, 0));
     QCOMPARE(module.devConfig().windowSamples, 80);
 }
 
@@ -441,7 +420,7 @@ void TestCalcModule::spectrumOfKnownHarmonics()
     m_settings->setCalcDuration(2);
     CalcModule module;
     module.setAllSettings(m_settings);
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     const Phasor fundamental { 100.0, 20.0 };
     const QVector<QPair<int, Phasor>> harmonics { { 3, { 15.0, -40.0 } }, { 5, { 6.0, 130.0 } } };
     const double dc = 4.0;
@@ -526,7 +505,7 @@ void TestCalcModule::failedSpectrumKeepsKni()
     m_settings->setCalcDuration(2);
     CalcModule module;
     module.setAllSettings(m_settings);
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     const auto channel = doubleChannel(
         doubleColumns({ cosineColumn({ 50.0, 0.0 }, 0.01, 50.0, { { 2, { 5.0, 0.0 } } }) }, 800), 0, 0.01);
     module.calculate({ channel, 400 });
@@ -546,7 +525,7 @@ void TestCalcModule::spectrumReadsSettingsAtEachCall()
     m_settings->setCalcDuration(8);
     CalcModule module;
     module.setAllSettings(m_settings);
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     const auto channel = sineChannel({ 100.0, 0.0 });
     module.calculate({ channel, 400 });
     module.calculateSpectrum({ channel, 400 });
@@ -560,7 +539,7 @@ void TestCalcModule::spectrumReadsSettingsAtEachCall()
 void TestCalcModule::copyHasTheConfigurationAndOwnEngine()
 {
     CalcModule module;
-    DevConfig config = talviConfig();
+    DevConfig config = talviConfig(kRate, kWindow);
     config.stepMs = 4;
     module.init(config);
     module.setCalcType(5);
@@ -579,7 +558,7 @@ void TestCalcModule::copyHasTheConfigurationAndOwnEngine()
 void TestCalcModule::copyGivesIndependentResults()
 {
     CalcModule module;
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     const auto first = sineChannel({ 40.0, 10.0 });
     const auto second = sineChannel({ 90.0, -70.0 });
     const CalcParameters original = module.calculate({ first, 300 });
@@ -601,7 +580,7 @@ void TestCalcModule::copyHasNoSettingsSoNoSpectrum()
     m_settings->setCalcDuration(2);
     CalcModule module;
     module.setAllSettings(m_settings);
-    module.init(talviConfig());
+    module.init(talviConfig(kRate, kWindow));
     const QSharedPointer<CalcModule> copy = module.copy();
     QVERIFY(copy->allSettings().isNull());
     const auto channel = sineChannel({ 100.0, 0.0 });

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "CalcFixtures.h"
+#include "StreamCapture.h"
+
 #include <cmath>
-#include <iostream>
-#include <sstream>
 #include <vector>
 
 // Test signals built from their mathematical definition.
@@ -30,27 +31,4 @@ inline double degrees(double radians)
     return radians * 180.0 / kPi;
 }
 
-// The difference of two angles in degrees, brought into [-180, 180).
-inline double angleDifference(double a, double b)
-{
-    double d = std::fmod(a - b, 360.0);
-    if (d < -180.0)
-        d += 360.0;
-    if (d >= 180.0)
-        d -= 360.0;
-    return d;
-}
-
-// Catches what goes to std::cout while it lives.
-class CoutCapture
-{
-public:
-    CoutCapture() : m_old(std::cout.rdbuf(m_text.rdbuf())) { }
-    ~CoutCapture() { std::cout.rdbuf(m_old); }
-    std::string text() const { return m_text.str(); }
-
-private:
-    std::ostringstream m_text;
-    std::streambuf* m_old;
-};
 } // namespace SignalMaker

@@ -1,6 +1,7 @@
 #include "CalcLib/Comtrade.h"
 
 #include "ComtradeTestSupport.h"
+#include "StreamCapture.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -8,23 +9,10 @@
 #include <iostream>
 #include <iterator>
 #include <random>
-#include <sstream>
 
 using ComtradeTest::writeAll;
 
 namespace {
-class CerrCapture
-{
-public:
-    CerrCapture() : m_old(std::cerr.rdbuf(m_text.rdbuf())) { }
-    ~CerrCapture() { std::cerr.rdbuf(m_old); }
-    std::string text() const { return m_text.str(); }
-
-private:
-    std::ostringstream m_text;
-    std::streambuf* m_old;
-};
-
 template<typename List> auto& at(List& list, size_t index)
 {
     return *std::next(list.begin(), long(index));
@@ -199,7 +187,7 @@ private slots:
         COMTRADE c;
         ComtradeAnalogList analogs(1);
         ComtradeDigitalList digitals;
-        CerrCapture capture;
+        StreamCapture capture(std::cerr);
         QCOMPARE(c.readCfg(analogs, digitals, path("missing.cfg")), -1);
         QCOMPARE(capture.text(), std::string("Error open CFG file for read\n"));
         QCOMPARE(analogs.size(), size_t(1));
@@ -537,7 +525,7 @@ private slots:
         ComtradeFaultList faults;
         RasDescription ras;
         ComtradeMergedWaveList waves;
-        CerrCapture capture;
+        StreamCapture capture(std::cerr);
         QCOMPARE(c.readCfg(analogs, digitals, folder), -1);
         QCOMPARE(capture.text(), std::string("Error open CFG file for read\n"));
         QCOMPARE(analogs.size(), size_t(2));
@@ -553,7 +541,7 @@ private slots:
         ComtradeFaultList faults { { "kept", 1 } };
         RasDescription ras;
         ComtradeMergedWaveList waves { {} };
-        CerrCapture capture;
+        StreamCapture capture(std::cerr);
         QCOMPARE(c.readInf(analogs, digitals, faults, ras, path("missing.inf"), nullptr), -1);
         QCOMPARE(c.readMergedWaves(waves, path("missing.inf")), -1);
         QCOMPARE(faults.size(), size_t(1));

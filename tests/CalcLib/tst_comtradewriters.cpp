@@ -2,6 +2,7 @@
 #include "CalcLib/ComtradeTables.h"
 
 #include "ComtradeTestSupport.h"
+#include "StreamCapture.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -23,19 +24,6 @@ int64_t baseTimeUs()
 {
     return QDateTime(QDate(2026, 11, 15), QTime(3, 4, 59), Qt::UTC).toMSecsSinceEpoch() * 1000;
 }
-
-// Takes what std::cerr receives while it lives.
-class CerrCapture
-{
-public:
-    CerrCapture() : m_old(std::cerr.rdbuf(m_text.rdbuf())) { }
-    ~CerrCapture() { std::cerr.rdbuf(m_old); }
-    std::string text() const { return m_text.str(); }
-
-private:
-    std::ostringstream m_text;
-    std::streambuf* m_old;
-};
 
 ComtradeAnalogList sampleAnalogs()
 {
@@ -221,7 +209,7 @@ private slots:
     void cfgUnwritableReportsOnStandardError()
     {
         COMTRADE c;
-        CerrCapture capture;
+        StreamCapture capture(std::cerr);
         QCOMPARE(c.writeCfg({}, {}, 0, path("none/x.cfg"), 0, 0), -1);
         QCOMPARE(capture.text(), std::string("Error open CFG file for write\n"));
     }

@@ -31,18 +31,6 @@ struct Run
     CalcResultRow result() const { return input.results[0]; }
 };
 
-CalcInput makeInput(const std::vector<int32_t>& cells)
-{
-    CalcInput input;
-    input.rows = 1;
-    input.samples = static_cast<int32_t>(cells.size());
-    input.buffer = SampleBuffer(1, input.samples);
-    input.results.assign(1, CalcResultRow());
-    for (int i = 0; i < input.samples; ++i)
-        *input.buffer[0][i] = cells[i];
-    return input;
-}
-
 std::vector<int32_t> rounded(const std::vector<double>& x)
 {
     std::vector<int32_t> cells(x.size());

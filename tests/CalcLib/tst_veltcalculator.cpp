@@ -3,6 +3,9 @@
 
 #include <QTest>
 
+#include <cmath>
+#include <iostream>
+
 using namespace SignalMaker;
 
 namespace {
@@ -15,18 +18,6 @@ DevConfig veltConfig(double rate = 1000.0, int intervalMs = 40, int shape = 2)
     config.windowSamples = static_cast<int32_t>(rate * intervalMs / 1000.0);
     config.shapeType = shape;
     return config;
-}
-
-CalcInput makeInput(const std::vector<int32_t>& cells)
-{
-    CalcInput input;
-    input.rows = 1;
-    input.samples = static_cast<int32_t>(cells.size());
-    input.buffer = SampleBuffer(1, input.samples);
-    input.results.assign(1, CalcResultRow());
-    for (int i = 0; i < input.samples; ++i)
-        *input.buffer[0][i] = cells[i];
-    return input;
 }
 
 DescriptionSection section(const std::vector<std::pair<std::string, std::string>>& keys)
@@ -77,7 +68,7 @@ void TestVeltCalculator::init_shapes()
     QCOMPARE(velt.device()->channelCount(), 0);
     QCOMPARE(velt.init(veltConfig(1000.0, 40, 1)), 1);
     QCOMPARE(int(velt.phasor()->type()), 2);
-    CoutCapture capture;
+    StreamCapture capture(std::cout);
     QCOMPARE(velt.init(veltConfig(1000.0, 40, 3)), 0);
     QCOMPARE(capture.text(), std::string("Error: undefined shape type.\n"));
     QVERIFY(velt.phasor());
@@ -183,9 +174,15 @@ void TestVeltCalculator::phasor_setupDefaults()
     QCOMPARE(phasor.ringSize(), 41);
     QVERIFY(phasor.setup(nullptr, 1000.0, 0.0, 3, -5, -5, 1));
     QCOMPARE(phasor.ringSize(), 1);
-    CoutCapture capture;
+    // In a ring of one sample the write position wraps at once, and an analysis over it still ends
+    // in finite values and prints its line, as every analysis of a varying phasor does.
+    StreamCapture capture(std::cout);
     phasor.addSample(5);
+    QCOMPARE(phasor.writeIndex(), 0);
     phasor.process(50.0);
+    QVERIFY(std::isfinite(phasor.value()));
+    QVERIFY(std::isfinite(phasor.phase()));
+    QVERIFY2(capture.text().rfind("phase = ", 0) == 0, capture.text().c_str());
 }
 
 void TestVeltCalculator::phasor_lowPassCoefficients()
@@ -217,7 +214,7 @@ void TestVeltCalculator::phasor_varyingAnalysisAndItsLine()
     phasor.setMultiplier(0.01);
     // 200 samples: the last 40 are two whole periods of a sine starting from zero.
     feed(phasor, sine(200, 1000.0, 50.0, 10000.0));
-    CoutCapture capture;
+    StreamCapture capture(std::cout);
     phasor.process(50.0);
     QVERIFY(std::fabs(phasor.amplitude() - 100.0) < 0.01);
     QVERIFY(std::fabs(phasor.value() - 100.0 / std::sqrt(2.0)) < 0.01);
@@ -251,7 +248,7 @@ void TestVeltCalculator::phasor_tracksTheFrequency()
     // The filter passes the tone: input and output peaks differ by its gain only.
     QVERIFY(phasor.deviation() < 1.0);
     // process(0) analyses at the tracked frequency.
-    CoutCapture capture;
+    StreamCapture capture(std::cout);
     phasor.process(0.0);
     const std::string text = capture.text();
     const size_t at = text.find("; Freq = ");
@@ -278,7 +275,7 @@ void TestVeltCalculator::phasor_emptyWindowIsReported()
     QVERIFY(phasor.setup(&description, 1000.0, 0.0, 3, 0, 40, 1));
     phasor.setType(2);
     feed(phasor, sine(100, 1000.0, 50.0, 1000.0));
-    CoutCapture capture;
+    StreamCapture capture(std::cout);
     phasor.process(50.0);
     QCOMPARE(phasor.value(), 0.0);
     QVERIFY2(capture.text().rfind("! k=0, fn=0.050000,  per=0\n", 0) == 0, capture.text().c_str());
@@ -293,7 +290,7 @@ void TestVeltCalculator::phasor_setScale()
     phasor.setScale(2.0, 3.0, 2);
     QCOMPARE(phasor.multiplier(), 2.0 * 100.0 / 5.0 / 10.0);
     QCOMPARE(phasor.adder(), 3.0);
-    CoutCapture capture;
+    StreamCapture capture(std::cout);
     phasor.setScale(2.0, 3.0, 1);
     QCOMPARE(phasor.multiplier(), 2.0);
     QCOMPARE(phasor.adder(), 3.0);

@@ -34,33 +34,33 @@ Wv2Frame frame(quint16 a0, quint16 a1, quint16 a2, quint8 flags, quint8 byte7)
     return Wv2Frame(frameSize).word(0, a0).word(2, a1).word(4, a2).byte(6, flags).byte(7, byte7);
 }
 
-Wv2AnalogSpec analog(const char* shortName, qint16 offset, quint32 mask, quint16 lineMask)
+Wv2AnalogLayout analog(const char* shortName, qint16 offset, quint32 mask, quint16 lineMask)
 {
-    Wv2AnalogSpec spec;
-    spec.shortName = shortName;
-    spec.fullName = QByteArray("full ") + shortName;
-    spec.offset = offset;
-    spec.mask = mask;
-    spec.lineBitMask = lineMask;
-    return spec;
+    Wv2AnalogLayout layout;
+    layout.shortName = shortName;
+    layout.fullName = QByteArray("full ") + shortName;
+    layout.offset = offset;
+    layout.mask = mask;
+    layout.lineBitMask = lineMask;
+    return layout;
 }
 
-Wv2DigitalSpec digital(const char* fullName, qint16 offset, quint8 mask)
+Wv2DigitalLayout digital(const char* fullName, qint16 offset, quint8 mask)
 {
-    Wv2DigitalSpec spec;
-    spec.fullName = fullName;
-    spec.offset = offset;
-    spec.mask = mask;
-    return spec;
+    Wv2DigitalLayout layout;
+    layout.fullName = fullName;
+    layout.offset = offset;
+    layout.mask = mask;
+    return layout;
 }
 
-Wv2LineSpec line(quint16 id, const char* name)
+Wv2LineLayout line(quint16 id, const char* name)
 {
-    Wv2LineSpec spec;
-    spec.id = id;
-    spec.name = name;
-    spec.voltage = 110.0;
-    return spec;
+    Wv2LineLayout layout;
+    layout.id = id;
+    layout.name = name;
+    layout.voltage = 110.0;
+    return layout;
 }
 
 // Three analogues (the third masked to nothing), three discretes sharing bytes 6 and 7, three
@@ -369,7 +369,7 @@ private slots:
     void tagBelowItsKnownLengthFails()
     {
         const QByteArray bytes
-            = Wv2FileWriter().tag(2, 8 + 100, Wv2FileWriter::analogBody(Wv2AnalogSpec())).format(2).bytes();
+            = Wv2FileWriter().tag(2, 8 + 100, Wv2FileWriter::analogBody(Wv2AnalogLayout())).format(2).bytes();
         QCOMPARE(loadBytes(bytes).failure, QStringLiteral("Ошибка пропуска строк метаданных"));
     }
 
@@ -383,13 +383,16 @@ private slots:
             << sample.left(20) << QStringLiteral("Ошибка чтения блока метаданных");
         QTest::newRow("cut in the last block") << sample.left(sample.size() - 3) << damaged;
         QTest::newRow("more frames than the block holds")
-            << Wv2FileWriter().format(4).analog(Wv2AnalogSpec()).data(0, 3, QByteArray(8, '\0')).bytes()
+            << Wv2FileWriter().format(4).analog(Wv2AnalogLayout()).data(0, 3, QByteArray(8, '\0')).bytes()
             << damaged;
         QTest::newRow("frames without a frame size")
-            << Wv2FileWriter().analog(Wv2AnalogSpec()).data(0, 2, QByteArray(8, '\0')).bytes() << damaged;
-        QTest::newRow("frame size taken as negative")
-            << Wv2FileWriter().format(0x8000).analog(Wv2AnalogSpec()).data(0, 1, QByteArray(8, '\0')).bytes()
-            << damaged;
+            << Wv2FileWriter().analog(Wv2AnalogLayout()).data(0, 2, QByteArray(8, '\0')).bytes() << damaged;
+        QTest::newRow("frame size taken as negative") << Wv2FileWriter()
+                                                             .format(0x8000)
+                                                             .analog(Wv2AnalogLayout())
+                                                             .data(0, 1, QByteArray(8, '\0'))
+                                                             .bytes()
+                                                      << damaged;
         QTest::newRow("four billion frames")
             << Wv2FileWriter().format(1).data(0, 0xFFFFFFFF, QByteArray(8, '\0')).bytes() << damaged;
     }
@@ -403,8 +406,8 @@ private slots:
 
     void valuesOutsideTheirBlockReadZero()
     {
-        Wv2AnalogSpec beyond = analog("B", 3, 0xFFFF, 0);
-        Wv2AnalogSpec before = analog("N", -2, 0xFFFF, 0);
+        Wv2AnalogLayout beyond = analog("B", 3, 0xFFFF, 0);
+        Wv2AnalogLayout before = analog("N", -2, 0xFFFF, 0);
         const QByteArray frames = Wv2Frame(4).word(0, 0x1111).word(2, 0x2222).bytes();
         const Outcome outcome = loadBytes(Wv2FileWriter()
                                               .format(4)

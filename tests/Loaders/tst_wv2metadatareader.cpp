@@ -76,15 +76,15 @@ private slots:
 
     void everyKnownTag()
     {
-        Wv2AnalogSpec analog;
+        Wv2AnalogLayout analog;
         analog.shortName = "Ia";
         analog.offset = 6;
         analog.mask = 0x0FFF;
-        Wv2DigitalSpec digital;
+        Wv2DigitalLayout digital;
         digital.fullName = "Relay";
         digital.offset = 9;
         digital.mask = 0x04;
-        Wv2LineSpec line;
+        Wv2LineLayout line;
         line.id = 3;
         line.name = "L3";
         line.voltage = 35.0;
@@ -136,7 +136,7 @@ private slots:
     void unknownTagsArePassedOver()
     {
         QFETCH(quint32, id);
-        Wv2AnalogSpec analog;
+        Wv2AnalogLayout analog;
         analog.shortName = "after";
         const auto meta = read(
             Wv2FileWriter().tag(id, 8 + 13, QByteArray(13, char(2))).tag(id, 8, {}).analog(analog).bytes());
@@ -147,16 +147,16 @@ private slots:
 
     void bytesBeyondTheKnownLengthArePassedOver()
     {
-        Wv2AnalogSpec analog;
+        Wv2AnalogLayout analog;
         analog.shortName = "A";
-        Wv2DigitalSpec digital;
+        Wv2DigitalLayout digital;
         digital.shortName = "D";
         const auto meta = read(Wv2FileWriter()
                                    .source(1, "i", "n", 5)
                                    .format(4, 3)
                                    .analog(analog, 40)
                                    .digital(digital, 1)
-                                   .line(Wv2LineSpec(), 9)
+                                   .line(Wv2LineLayout(), 9)
                                    .analog(analog)
                                    .bytes());
         QVERIFY(meta);
@@ -168,9 +168,9 @@ private slots:
 
     void tagOfExactlyItsFixedLengthSkipsNothing()
     {
-        Wv2AnalogSpec first;
+        Wv2AnalogLayout first;
         first.shortName = "first";
-        Wv2AnalogSpec second;
+        Wv2AnalogLayout second;
         second.shortName = "second";
         const QByteArray bytes = Wv2FileWriter().analog(first).analog(second).bytes();
         QCOMPARE(bytes.size(), 39 + 160 + 160);
@@ -182,7 +182,7 @@ private slots:
 
     void textFieldsEndAtNulOrFieldEnd()
     {
-        Wv2AnalogSpec analog;
+        Wv2AnalogLayout analog;
         analog.shortName = "0123456789ABCDEF"; // the whole field
         analog.fullName = QByteArray("half") + '\0' + "hidden";
         const auto meta = read(Wv2FileWriter().analog(analog).bytes());
@@ -220,7 +220,7 @@ private slots:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("text");
         const QByteArray header = Wv2FileWriter().bytes();
-        const QByteArray analog = Wv2FileWriter::analogBody(Wv2AnalogSpec());
+        const QByteArray analog = Wv2FileWriter::analogBody(Wv2AnalogLayout());
 
         QTest::newRow("empty file") << QByteArray() << blockFailure;
         QTest::newRow("header of 38 bytes") << header.left(38) << blockFailure;
@@ -234,11 +234,12 @@ private slots:
         QTest::newRow("analog beyond the file")
             << Wv2FileWriter().tag(2, 8 + 153, analog).bytes() << skipFailure;
         QTest::newRow("digital below its length")
-            << Wv2FileWriter().tag(3, 8, Wv2FileWriter::digitalBody(Wv2DigitalSpec())).bytes() << skipFailure;
+            << Wv2FileWriter().tag(3, 8, Wv2FileWriter::digitalBody(Wv2DigitalLayout())).bytes()
+            << skipFailure;
         QTest::newRow("format below its length")
             << Wv2FileWriter().tag(5, 11, Wv2FileWriter::formatBody(4)).bytes() << skipFailure;
         QTest::newRow("line below its length")
-            << Wv2FileWriter().tag(6, 0, Wv2FileWriter::lineBody(Wv2LineSpec())).bytes() << skipFailure;
+            << Wv2FileWriter().tag(6, 0, Wv2FileWriter::lineBody(Wv2LineLayout())).bytes() << skipFailure;
         QTest::newRow("format body cut") << Wv2FileWriter().tag(5, 12, "ab").bytes() << fieldFailure;
         QTest::newRow("data header cut") << Wv2FileWriter().tag(4, 18, "abcd").bytes() << damaged;
         QTest::newRow("data below its header")

@@ -7,9 +7,9 @@
 using namespace KorvaneTest;
 
 namespace {
-WAVE_TAGACHANNEL analogTag(const Wv2AnalogSpec& spec)
+WAVE_TAGACHANNEL analogTag(const Wv2AnalogLayout& layout)
 {
-    return WAVE_TAGACHANNEL::decode(Wv2FileWriter::analogBody(spec).constData());
+    return WAVE_TAGACHANNEL::decode(Wv2FileWriter::analogBody(layout).constData());
 }
 
 QByteArray cp1251(const QString& text)
@@ -24,22 +24,22 @@ class TestWv2TagConverter : public QObject
 private slots:
     void analogChannelTakesEveryField()
     {
-        Wv2AnalogSpec spec;
-        spec.physNum = 17;
-        spec.lineBitMask = 0x0005;
-        spec.normalState = -3;
-        spec.shortName = cp1251(QStringLiteral("Ua1"));
-        spec.fullName = cp1251(QStringLiteral("Напряжение фазы А"));
-        spec.phaseNumber = 1;
-        spec.typeCode = 100;
-        spec.unit = 1;
-        spec.power = 3;
-        spec.multiplier = 0.5;
-        spec.valueOffset = -8.0;
-        spec.adcDelay = 2.5;
-        spec.primary = 110000.0;
-        spec.secondary = 100.0;
-        const auto channel = Wv2TagConverter::convert(analogTag(spec));
+        Wv2AnalogLayout layout;
+        layout.physNum = 17;
+        layout.lineBitMask = 0x0005;
+        layout.normalState = -3;
+        layout.shortName = cp1251(QStringLiteral("Ua1"));
+        layout.fullName = cp1251(QStringLiteral("Напряжение фазы А"));
+        layout.phaseNumber = 1;
+        layout.typeCode = 100;
+        layout.unit = 1;
+        layout.power = 3;
+        layout.multiplier = 0.5;
+        layout.valueOffset = -8.0;
+        layout.adcDelay = 2.5;
+        layout.primary = 110000.0;
+        layout.secondary = 100.0;
+        const auto channel = Wv2TagConverter::convert(analogTag(layout));
 
         QCOMPARE(channel->shortName(), QStringLiteral("Ua1"));
         QCOMPARE(channel->fullName(), QStringLiteral("Напряжение фазы А"));
@@ -62,10 +62,10 @@ private slots:
 
     void shortNameOfFullWidthKeepsAllBytes()
     {
-        Wv2AnalogSpec spec;
-        spec.shortName = "ABCDEFGHIJKLMNOP"; // 16 bytes, no NUL
-        spec.fullName = "full";
-        const auto channel = Wv2TagConverter::convert(analogTag(spec));
+        Wv2AnalogLayout layout;
+        layout.shortName = "ABCDEFGHIJKLMNOP"; // 16 bytes, no NUL
+        layout.fullName = "full";
+        const auto channel = Wv2TagConverter::convert(analogTag(layout));
         QCOMPARE(channel->shortName(), QStringLiteral("ABCDEFGHIJKLMNOP"));
         // The full name that follows is not run into.
         QCOMPARE(channel->name(), QStringLiteral("ABCDEFGHIJKLMNOP (full)"));
@@ -207,15 +207,15 @@ private slots:
 
     void digitalChannel()
     {
-        Wv2DigitalSpec spec;
-        spec.physNum = 42;
-        spec.normalState = 2;
-        spec.shortName = "Q1";
-        spec.fullName = cp1251(QStringLiteral("Выключатель"));
-        spec.offset = -7;
-        spec.mask = 0x80;
+        Wv2DigitalLayout layout;
+        layout.physNum = 42;
+        layout.normalState = 2;
+        layout.shortName = "Q1";
+        layout.fullName = cp1251(QStringLiteral("Выключатель"));
+        layout.offset = -7;
+        layout.mask = 0x80;
         const auto channel = Wv2TagConverter::convert(
-            WAVE_TAGDCHANNEL::decode(Wv2FileWriter::digitalBody(spec).constData()));
+            WAVE_TAGDCHANNEL::decode(Wv2FileWriter::digitalBody(layout).constData()));
         QCOMPARE(channel->shortName(), QStringLiteral("Q1"));
         QCOMPARE(channel->fullName(), QStringLiteral("Выключатель"));
         QCOMPARE(channel->name(), QStringLiteral("Выключатель"));
@@ -226,10 +226,10 @@ private slots:
         QCOMPARE(channel->physNum(), 42);
         QVERIFY(channel->normalState());
 
-        spec.normalState = 0;
-        QVERIFY(
-            !Wv2TagConverter::convert(WAVE_TAGDCHANNEL::decode(Wv2FileWriter::digitalBody(spec).constData()))
-                 ->normalState());
+        layout.normalState = 0;
+        QVERIFY(!Wv2TagConverter::convert(
+            WAVE_TAGDCHANNEL::decode(Wv2FileWriter::digitalBody(layout).constData()))
+                     ->normalState());
     }
 
     void lineScale_data()
@@ -266,13 +266,13 @@ private slots:
     {
         QFETCH(double, voltage);
         QFETCH(int, scale);
-        Wv2LineSpec spec;
-        spec.id = 2;
-        spec.name = cp1251(QStringLiteral("ВЛ 110 кВ Северная"));
-        spec.voltage = voltage;
-        spec.scale = qint16(scale);
+        Wv2LineLayout layout;
+        layout.id = 2;
+        layout.name = cp1251(QStringLiteral("ВЛ 110 кВ Северная"));
+        layout.voltage = voltage;
+        layout.scale = qint16(scale);
         const auto line
-            = Wv2TagConverter::convert(WAVE_TAGLINE::decode(Wv2FileWriter::lineBody(spec).constData()));
+            = Wv2TagConverter::convert(WAVE_TAGLINE::decode(Wv2FileWriter::lineBody(layout).constData()));
         QCOMPARE(line->name(), QStringLiteral("ВЛ 110 кВ Северная"));
         QCOMPARE(int(line->id()), 2);
         QCOMPARE(int(line->bit()), 2);

@@ -15,4 +15,8 @@ QByteArray readFile(const QString& path);
 // variable is unset or the folder is missing: callers skip then.
 QString samplesDir();
 
+// The exit code of a test program that had nothing to run; CTest shows the test as skipped
+// (SKIP_RETURN_CODE, set for every test by korvane_add_test).
+constexpr int skipReturnCode = 77;
+
 } // namespace KorvaneTest

@@ -56,54 +56,54 @@ QByteArray Wv2FileWriter::formatBody(quint16 frameSize)
     return ByteWriter().number<quint16>(0x5A5A).number<quint16>(frameSize).result();
 }
 
-QByteArray Wv2FileWriter::analogBody(const Wv2AnalogSpec& spec)
+QByteArray Wv2FileWriter::analogBody(const Wv2AnalogLayout& layout)
 {
     return ByteWriter()
-        .number<qint16>(spec.physNum) // 8
-        .number<quint16>(spec.lineBitMask) // 10
+        .number<qint16>(layout.physNum) // 8
+        .number<quint16>(layout.lineBitMask) // 10
         .number<quint16>(0xA5A5) // 12, reserved
-        .number<qint16>(spec.normalState) // 14
-        .text(spec.shortName, 16) // 16
-        .text(spec.fullName, 32) // 32
-        .number<qint16>(spec.offset) // 64
-        .number<quint32>(spec.mask) // 66
-        .number<qint16>(spec.phaseNumber) // 70
-        .number<qint16>(spec.typeCode) // 72
-        .number<quint16>(spec.unit) // 74
-        .number<qint16>(spec.power) // 76
+        .number<qint16>(layout.normalState) // 14
+        .text(layout.shortName, 16) // 16
+        .text(layout.fullName, 32) // 32
+        .number<qint16>(layout.offset) // 64
+        .number<quint32>(layout.mask) // 66
+        .number<qint16>(layout.phaseNumber) // 70
+        .number<qint16>(layout.typeCode) // 72
+        .number<quint16>(layout.unit) // 74
+        .number<qint16>(layout.power) // 76
         .zeros(2) // 78
-        .real(spec.multiplier) // 80
-        .real(spec.valueOffset) // 88
+        .real(layout.multiplier) // 80
+        .real(layout.valueOffset) // 88
         .bytes(QByteArray(40, 'r')) // 96, reserved
-        .real(spec.adcDelay) // 136
-        .real(spec.primary) // 144
-        .real(spec.secondary) // 152
+        .real(layout.adcDelay) // 136
+        .real(layout.primary) // 144
+        .real(layout.secondary) // 152
         .result();
 }
 
-QByteArray Wv2FileWriter::digitalBody(const Wv2DigitalSpec& spec)
+QByteArray Wv2FileWriter::digitalBody(const Wv2DigitalLayout& layout)
 {
     return ByteWriter()
-        .number<qint16>(spec.physNum) // 8
+        .number<qint16>(layout.physNum) // 8
         .number<quint32>(0xA5A5A5A5) // 10, reserved
-        .number<quint16>(spec.normalState) // 14
-        .text(spec.shortName, 16) // 16
-        .text(spec.fullName, 32) // 32
-        .number<qint16>(spec.offset) // 64
-        .number<quint8>(spec.mask) // 66
+        .number<quint16>(layout.normalState) // 14
+        .text(layout.shortName, 16) // 16
+        .text(layout.fullName, 32) // 32
+        .number<qint16>(layout.offset) // 64
+        .number<quint8>(layout.mask) // 66
         .zeros(4) // 67, reserved
         .result();
 }
 
-QByteArray Wv2FileWriter::lineBody(const Wv2LineSpec& spec)
+QByteArray Wv2FileWriter::lineBody(const Wv2LineLayout& layout)
 {
     return ByteWriter()
-        .number<quint16>(spec.id) // 8
-        .text(spec.name, 62) // 10
+        .number<quint16>(layout.id) // 8
+        .text(layout.name, 62) // 10
         .bytes(QByteArray(18, 'r')) // 72, reserved
-        .real(spec.voltage) // 90
+        .real(layout.voltage) // 90
         .number<quint16>(7) // 98, a unit the reader ignores
-        .number<qint16>(spec.scale) // 100
+        .number<qint16>(layout.scale) // 100
         .result();
 }
 
@@ -118,19 +118,19 @@ Wv2FileWriter& Wv2FileWriter::format(quint16 frameSize, int extra)
     return fixedTag(5, formatBody(frameSize), extra);
 }
 
-Wv2FileWriter& Wv2FileWriter::analog(const Wv2AnalogSpec& spec, int extra)
+Wv2FileWriter& Wv2FileWriter::analog(const Wv2AnalogLayout& layout, int extra)
 {
-    return fixedTag(2, analogBody(spec), extra);
+    return fixedTag(2, analogBody(layout), extra);
 }
 
-Wv2FileWriter& Wv2FileWriter::digital(const Wv2DigitalSpec& spec, int extra)
+Wv2FileWriter& Wv2FileWriter::digital(const Wv2DigitalLayout& layout, int extra)
 {
-    return fixedTag(3, digitalBody(spec), extra);
+    return fixedTag(3, digitalBody(layout), extra);
 }
 
-Wv2FileWriter& Wv2FileWriter::line(const Wv2LineSpec& spec, int extra)
+Wv2FileWriter& Wv2FileWriter::line(const Wv2LineLayout& layout, int extra)
 {
-    return fixedTag(6, lineBody(spec), extra);
+    return fixedTag(6, lineBody(layout), extra);
 }
 
 Wv2FileWriter& Wv2FileWriter::emergency(

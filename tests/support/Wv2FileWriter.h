@@ -7,7 +7,7 @@
 namespace KorvaneTest {
 
 // Fields of one analogue channel tag (id 2), with the values a plain 16-bit channel would have.
-struct Wv2AnalogSpec
+struct Wv2AnalogLayout
 {
     qint16 physNum = 1;
     quint16 lineBitMask = 0;
@@ -28,7 +28,7 @@ struct Wv2AnalogSpec
 };
 
 // Fields of one digital channel tag (id 3).
-struct Wv2DigitalSpec
+struct Wv2DigitalLayout
 {
     qint16 physNum = 1;
     quint16 normalState = 0;
@@ -39,7 +39,7 @@ struct Wv2DigitalSpec
 };
 
 // Fields of one line tag (id 6).
-struct Wv2LineSpec
+struct Wv2LineLayout
 {
     quint16 id = 1;
     QByteArray name;
@@ -69,9 +69,9 @@ public:
 
     Wv2FileWriter& source(quint16 orderNum, const QByteArray& id, const QByteArray& name, int extra = 0);
     Wv2FileWriter& format(quint16 frameSize, int extra = 0);
-    Wv2FileWriter& analog(const Wv2AnalogSpec& spec, int extra = 0);
-    Wv2FileWriter& digital(const Wv2DigitalSpec& spec, int extra = 0);
-    Wv2FileWriter& line(const Wv2LineSpec& spec, int extra = 0);
+    Wv2FileWriter& analog(const Wv2AnalogLayout& layout, int extra = 0);
+    Wv2FileWriter& digital(const Wv2DigitalLayout& layout, int extra = 0);
+    Wv2FileWriter& line(const Wv2LineLayout& layout, int extra = 0);
     // The tag is 24 bytes and the reason; a NUL ends the reason when terminate is set.
     Wv2FileWriter& emergency(
         quint32 blockNumber, qint16 physNum, qint16 lineId, const QByteArray& reason, bool terminate = true);
@@ -85,9 +85,9 @@ public:
 
     static QByteArray sourceBody(quint16 orderNum, const QByteArray& id, const QByteArray& name);
     static QByteArray formatBody(quint16 frameSize);
-    static QByteArray analogBody(const Wv2AnalogSpec& spec);
-    static QByteArray digitalBody(const Wv2DigitalSpec& spec);
-    static QByteArray lineBody(const Wv2LineSpec& spec);
+    static QByteArray analogBody(const Wv2AnalogLayout& layout);
+    static QByteArray digitalBody(const Wv2DigitalLayout& layout);
+    static QByteArray lineBody(const Wv2LineLayout& layout);
 
     const QByteArray& bytes() const { return m_bytes; }
 

@@ -13,7 +13,7 @@ using namespace KorvaneTest;
 namespace {
 Wv2FileWriter wv2Record()
 {
-    Wv2AnalogSpec a0;
+    Wv2AnalogLayout a0;
     a0.shortName = "Ua";
     a0.fullName = "Phase A";
     a0.lineBitMask = 1;
@@ -21,16 +21,16 @@ Wv2FileWriter wv2Record()
     a0.phaseNumber = 1;
     a0.unit = 1;
     a0.power = 3;
-    Wv2AnalogSpec a1 = a0;
+    Wv2AnalogLayout a1 = a0;
     a1.shortName = "Ib";
     a1.offset = 2;
     a1.mask = 0x0FFF;
     a1.lineBitMask = 3;
-    Wv2DigitalSpec d0;
+    Wv2DigitalLayout d0;
     d0.fullName = "Breaker";
     d0.offset = 4;
     d0.mask = 0x81;
-    Wv2LineSpec line;
+    Wv2LineLayout line;
     line.id = 1;
     line.name = "L1";
     line.voltage = 110.0;
@@ -58,20 +58,20 @@ QMap<QString, QByteArray> wv2Seeds()
         = wv2Record().emergency(3, 1, 1, "Trip").emergency(1, 2, 1, {}, false).bytes();
     seeds["header-only"] = Wv2FileWriter().bytes();
     seeds["cut"] = wv2Record().bytes().left(300);
-    seeds["short-tag"] = Wv2FileWriter().tag(2, 40, Wv2FileWriter::analogBody(Wv2AnalogSpec())).bytes();
+    seeds["short-tag"] = Wv2FileWriter().tag(2, 40, Wv2FileWriter::analogBody(Wv2AnalogLayout())).bytes();
     // Large counts, so that the search starts near the size checks: many channels whose offsets
     // lie outside a one-byte frame, and a block that declares more frames than an int counts.
     Wv2FileWriter outside;
     outside.format(1);
     for (int a = 0; a < 64; ++a) {
-        Wv2AnalogSpec spec;
-        spec.offset = qint16(a * 3);
-        outside.analog(spec);
+        Wv2AnalogLayout layout;
+        layout.offset = qint16(a * 3);
+        outside.analog(layout);
     }
     seeds["many-tags-outside-frame"] = outside.data(0, 4000, QByteArray(4000, '\x33')).bytes();
     seeds["frames-beyond-int"] = Wv2FileWriter()
                                      .format(2)
-                                     .analog(Wv2AnalogSpec())
+                                     .analog(Wv2AnalogLayout())
                                      .data(0, 0x80000001u, QByteArray(16, '\0'))
                                      .bytes();
     return seeds;
