@@ -34,6 +34,14 @@ using Report = QPair<QString, double>;
 
 const QString dataStage = QStringLiteral("Чтение файла данных");
 
+// Cancel answers within 100 ms; the sanitizer build runs several times slower, on a machine
+// it shares, and is given five times as long.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr qint64 answerLimitMs = 500;
+#else
+constexpr qint64 answerLimitMs = 100;
+#endif
+
 // Calls back with each progress dialog as it is shown, before its event loop delivers anything.
 class DialogWatcher : public QObject
 {
@@ -62,16 +70,16 @@ void pressCancel(ProgressDialog* dialog)
     dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();
 }
 
-// The reports of a load run on this thread, nothing coalesced: what the loader itself says.
-QList<Report> reportsOfTheLoader(const QString& path)
+// A load run on this thread, as the synchronous open runs it, with every report the loader
+// makes: nothing is coalesced on this road.
+QSharedPointer<Oscillogram> loadHere(const QString& path, QList<Report>& reports)
 {
-    QList<Report> reports;
     ComtradeLoader loader(path, nullptr);
     QObject::connect(&loader, &TaskBase::progressChanged, [&reports](const QString& stage, double percent) {
         reports.append({ stage, percent });
     });
     loader.run();
-    return reports;
+    return loader.result().oscillogram;
 }
 
 ComtradeSetDescription setOf(const QString& format, int samples)
@@ -185,10 +193,9 @@ private slots:
         const QString base = m_dir.filePath(format);
         QVERIFY(writeComtradeSet(base, set));
         const QString path = base + QStringLiteral(".cfg");
-        QString errorText;
-        const QSharedPointer<Oscillogram> expected = EasyLibKorvane::open(path, errorText);
+        QList<Report> loaderReports;
+        const QSharedPointer<Oscillogram> expected = loadHere(path, loaderReports);
         QVERIFY(expected);
-        const QList<Report> loaderReports = reportsOfTheLoader(path);
 
         QList<Report> shown;
         DialogWatcher watcher([&shown](ProgressDialog* dialog) {
@@ -240,7 +247,7 @@ private slots:
         const ModalOutcome outcome = openModally(base + QStringLiteral(".cfg"));
         const qint64 answerMs = sinceCancel.elapsed();
         QVERIFY(sinceCancel.isValid());
-        QVERIFY2(answerMs <= 100, qPrintable(QStringLiteral("%1 ms").arg(answerMs)));
+        QVERIFY2(answerMs <= answerLimitMs, qPrintable(QStringLiteral("%1 ms").arg(answerMs)));
         QVERIFY(!outcome.ok);
         QCOMPARE(outcome.calls, 0);
         QVERIFY(Oscillograms::instance()->isEmpty());
@@ -252,7 +259,7 @@ private slots:
     // outcome, and nothing is registered late by a load that open() gave up.
     void cancelAtRandomMoments()
     {
-        const ComtradeSetDescription set = setOf(QStringLiteral("ASCII"), 20000);
+        const ComtradeSetDescription set = setOf(QStringLiteral("ASCII"), 5000);
         const QString base = m_dir.filePath(QStringLiteral("stress"));
         QVERIFY(writeComtradeSet(base, set));
         const QString path = base + QStringLiteral(".cfg");
