@@ -3,6 +3,7 @@ set(KORVANE_VIEWS_SOURCES
     Views/AChanParModel.cpp
     Views/DiaMarkersTable.cpp
     Views/MarkersTableModel.cpp
+    Views/OscillogramSaveAs.cpp
     Views/OscillogramViewModel.cpp
     Views/TimeMeasureMode.cpp
     Views/XScale.cpp

@@ -1,0 +1,160 @@
+#include "Savers/CsvNumberFormat.h"
+
+#include <cmath>
+
+namespace {
+constexpr int significantDigits = 6;
+// Up to 15 digits a decimal differs from its nearest double by far less than one unit of its last
+// digit, so rounding the decimal digits rounds the double the same way.
+constexpr unsigned long long exactDigitsLimit = 1000000000000000ULL;
+// The range of decimal exponents the locale writes without an exponent at six digits.
+constexpr int lowestFixedExponent = -4;
+constexpr int highestFixedExponent = significantDigits - 1;
+
+int decimalDigits(unsigned long long value, char* digits)
+{
+    char reversed[24];
+    int count = 0;
+    do {
+        reversed[count++] = char('0' + value % 10);
+        value /= 10;
+    } while (value != 0);
+    for (int i = 0; i < count; ++i)
+        digits[i] = reversed[count - 1 - i];
+    return count;
+}
+
+// Rounds the digits to six, halves upward; false for an exact half, which the binary value decides.
+bool roundToSignificant(char* digits, int& count, int& exponent)
+{
+    if (count <= significantDigits)
+        return true;
+    const char first = digits[significantDigits];
+    bool beyondHalf = first > '5';
+    if (first == '5') {
+        for (int i = significantDigits + 1; i < count && !beyondHalf; ++i)
+            beyondHalf = digits[i] != '0';
+        if (!beyondHalf)
+            return false;
+    }
+    count = significantDigits;
+    if (!beyondHalf)
+        return true;
+    int i = significantDigits - 1;
+    while (i >= 0 && digits[i] == '9')
+        digits[i--] = '0';
+    if (i >= 0) {
+        ++digits[i];
+    } else {
+        digits[0] = '1';
+        ++exponent;
+    }
+    return true;
+}
+} // namespace
+
+CsvNumberFormat::CsvNumberFormat(const QLocale& locale)
+    : m_locale(locale), m_decimalPoint(locale.decimalPoint()), m_negativeSign(locale.negativeSign())
+{
+}
+
+bool CsvNumberFormat::appendFixed(
+    QString& out, unsigned long long magnitude, bool negative, int decimals) const
+{
+    if (magnitude >= exactDigitsLimit)
+        return false;
+    if (magnitude == 0) {
+        out += QLatin1Char('0');
+        return true;
+    }
+    char digits[24];
+    int count = decimalDigits(magnitude, digits);
+    int exponent = count - 1 - decimals;
+    if (!roundToSignificant(digits, count, exponent))
+        return false;
+    if (exponent < lowestFixedExponent || exponent > highestFixedExponent)
+        return false;
+    while (count > 1 && digits[count - 1] == '0')
+        --count;
+
+    if (negative)
+        out += m_negativeSign;
+    if (exponent < 0) {
+        out += QLatin1Char('0');
+        out += m_decimalPoint;
+        for (int i = exponent + 1; i < 0; ++i)
+            out += QLatin1Char('0');
+        out += QLatin1String(digits, count);
+        return true;
+    }
+    const int integerDigits = exponent + 1;
+    if (count <= integerDigits) {
+        out += QLatin1String(digits, count);
+        for (int i = count; i < integerDigits; ++i)
+            out += QLatin1Char('0');
+        return true;
+    }
+    out += QLatin1String(digits, integerDigits);
+    out += m_decimalPoint;
+    out += QLatin1String(digits + integerDigits, count - integerDigits);
+    return true;
+}
+
+void CsvNumberFormat::appendScaled(QString& out, long long units, int decimals) const
+{
+    const bool negative = units < 0;
+    const unsigned long long magnitude
+        = negative ? 0ULL - static_cast<unsigned long long>(units) : static_cast<unsigned long long>(units);
+    if (!appendFixed(out, magnitude, negative, decimals))
+        out += m_locale.toString(double(units) / std::pow(10.0, decimals), 'g', significantDigits);
+}
+
+void CsvNumberFormat::appendValue(QString& out, double value) const
+{
+    out += m_locale.toString(value, 'g', significantDigits);
+}
+
+double CsvNumberFormat::roundedThousandths(double value)
+{
+    const double n = value * 1000.0;
+    if (n >= 0.0)
+        return std::trunc(n + 0.5);
+    const double integerPart = std::trunc(n - 1.0);
+    return integerPart + std::trunc(n - integerPart + 0.5);
+}
+
+void CsvNumberFormat::appendRounded(QString& out, double value) const
+{
+    const double thousandths = roundedThousandths(value);
+    if (std::fabs(thousandths) < double(exactDigitsLimit))
+        appendScaled(out, static_cast<long long>(thousandths), 3);
+    else
+        appendValue(out, thousandths / 1000.0);
+}
+
+bool CsvNumberFormat::isWholeNumber(double value)
+{
+    // 2^63: every double below it in magnitude converts to a 64-bit integer.
+    constexpr double int64Limit = 9223372036854775808.0;
+    return std::isfinite(value) && value == std::trunc(value) && std::fabs(value) < int64Limit;
+}
+
+void CsvNumberFormat::appendInteger(QString& out, long long value)
+{
+    char digits[24];
+    const bool negative = value < 0;
+    const unsigned long long magnitude
+        = negative ? 0ULL - static_cast<unsigned long long>(value) : static_cast<unsigned long long>(value);
+    const int count = decimalDigits(magnitude, digits);
+    if (negative)
+        out += QLatin1Char('-');
+    out += QLatin1String(digits, count);
+}
+
+void CsvNumberFormat::appendMeasured(QString& out, double value) const
+{
+    if (isWholeNumber(value))
+        appendInteger(out, static_cast<long long>(value));
+    else
+        appendRounded(out, value);
+}
