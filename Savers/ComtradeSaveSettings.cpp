@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
@@ -20,6 +21,8 @@ namespace {
 constexpr int secondsPerHour = 3600;
 constexpr int lowestZone = -12;
 constexpr int highestZone = 14;
+// Wide enough for the names of companies and devices.
+constexpr int objectFieldWidth = 240;
 
 QString zoneRowText(const QString& withPlus, const QString& withoutPlus, int hours)
 {
@@ -30,6 +33,13 @@ QLineEdit* namedEdit(const QString& name, const QString& text, QWidget* parent)
 {
     auto* edit = new QLineEdit(text, parent);
     edit->setObjectName(name);
+    return edit;
+}
+
+QLineEdit* objectEdit(const QString& name, const QString& text, QWidget* parent)
+{
+    QLineEdit* edit = namedEdit(name, text, parent);
+    edit->setMinimumWidth(objectFieldWidth);
     return edit;
 }
 
@@ -71,10 +81,16 @@ ComtradeSaveSettings::ComtradeSaveSettings(const SaveSource& source, QWidget* pa
     setObjectName(QStringLiteral("ComtradeSaveSettings"));
     setWindowTitle(tr("Сохранить осциллограмму как"));
     setHint(tr("Осциллограмма будет сохранена в архив ZIP с файлами COMTRADE (.cfg, .dat, .hdr, .inf)."));
-    optionsLayout()->addWidget(buildStandardGroup());
-    optionsLayout()->addWidget(buildTimeZoneGroup());
-    optionsLayout()->addWidget(buildObjectTabs());
-    optionsLayout()->addWidget(buildInformationGroup());
+    // The set's own choices on the left, the objects of the .inf on the right.
+    auto* columns = new QHBoxLayout;
+    auto* left = new QVBoxLayout;
+    left->addWidget(buildStandardGroup());
+    left->addWidget(buildTimeZoneGroup());
+    left->addWidget(buildInformationGroup());
+    left->addStretch(1);
+    columns->addLayout(left);
+    columns->addWidget(buildObjectTabs(), 1);
+    optionsLayout()->addLayout(columns);
 }
 
 ComtradeSaveSettings::~ComtradeSaveSettings() = default;
@@ -171,9 +187,9 @@ QWidget* ComtradeSaveSettings::buildObjectPage(const RAS_OBJECT& object, ObjectF
 {
     auto* page = new QWidget(m_objectTabs);
     auto* form = new QFormLayout(page);
-    fields.territory = namedEdit(QStringLiteral("le_territory"), object.territory, page);
-    fields.company = namedEdit(QStringLiteral("le_company"), object.companyName, page);
-    fields.station = namedEdit(QStringLiteral("le_station"), object.stationName, page);
+    fields.territory = objectEdit(QStringLiteral("le_territory"), object.territory, page);
+    fields.company = objectEdit(QStringLiteral("le_company"), object.companyName, page);
+    fields.station = objectEdit(QStringLiteral("le_station"), object.stationName, page);
     form->addRow(tr("Территория:"), fields.territory);
     form->addRow(tr("Организация:"), fields.company);
     form->addRow(tr("Наименование ПС или ЭС:"), fields.station);
@@ -198,7 +214,7 @@ QWidget* ComtradeSaveSettings::buildDevicePage(const QStringList& values, Device
     auto* page = new QWidget(this);
     auto* form = new QFormLayout(page);
     for (int i = 0; i < values.size(); ++i) {
-        fields.edits.append(namedEdit(QLatin1String(names[i]), values.at(i), page));
+        fields.edits.append(objectEdit(QLatin1String(names[i]), values.at(i), page));
         form->addRow(tr(labels[i]), fields.edits.last());
     }
     return page;

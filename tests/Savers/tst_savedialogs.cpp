@@ -67,6 +67,27 @@ void chooseByKeys(QComboBox* combo, int index)
         QTest::keyClick(combo, Qt::Key_Up);
 }
 
+// One step of the arrow key, whatever the combo box does with it.
+void stepDown(QComboBox* combo)
+{
+    combo->setFocus();
+    QTest::keyClick(combo, Qt::Key_Down);
+}
+
+// The space bar ticks a focused check box wherever the dialog lies on the screen.
+void tick(QCheckBox* box)
+{
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_Space);
+}
+
+// Types any text, Cyrillic included, as key presses carrying their characters.
+void typeText(QWidget* widget, const QString& text)
+{
+    for (const QChar c : text)
+        QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_A, QString(c), Qt::NoModifier);
+}
+
 void typePath(const QWidget& dialog, const QString& path)
 {
     auto* edit = child<QLineEdit>(dialog, "le_path");
@@ -244,10 +265,10 @@ private slots:
         auto* separator = child<QComboBox>(dialog, "cb_separator");
         auto* decimal = child<QComboBox>(dialog, "cb_decimal");
         SeenBox seen;
-        chooseByKeys(separatorFirst ? separator : decimal, 1);
+        stepDown(separatorFirst ? separator : decimal);
         QCOMPARE(seen.text, QString());
         closeNextMessageBox(seen);
-        chooseByKeys(separatorFirst ? decimal : separator, 1);
+        stepDown(separatorFirst ? decimal : separator);
         QCOMPARE(seen.title, QStringLiteral("Ошибка"));
         QCOMPARE(seen.icon, QMessageBox::Critical);
         QCOMPARE(seen.text,
@@ -275,8 +296,8 @@ private slots:
         dialog.show();
         const QString path = m_dir.filePath(QStringLiteral("chosen.csv"));
         typePath(dialog, path);
-        QTest::mouseClick(child<QCheckBox>(dialog, "cb_selectedChannels"), Qt::LeftButton);
-        QTest::mouseClick(child<QCheckBox>(dialog, "cb_timeRange"), Qt::LeftButton);
+        tick(child<QCheckBox>(dialog, "cb_selectedChannels"));
+        tick(child<QCheckBox>(dialog, "cb_timeRange"));
         chooseByKeys(child<QComboBox>(dialog, "cb_encoding"), 1);
         chooseByKeys(child<QComboBox>(dialog, "cb_mode"), 2);
         chooseByKeys(child<QComboBox>(dialog, "cb_separator"), 1);
@@ -311,8 +332,8 @@ private slots:
         CsvSaveSettings dialog(source);
         const QString path = m_dir.filePath(QStringLiteral("end.csv"));
         typePath(dialog, path);
-        QTest::mouseClick(child<QCheckBox>(dialog, "cb_selectedChannels"), Qt::LeftButton);
-        QTest::mouseClick(child<QCheckBox>(dialog, "cb_timeRange"), Qt::LeftButton);
+        tick(child<QCheckBox>(dialog, "cb_selectedChannels"));
+        tick(child<QCheckBox>(dialog, "cb_timeRange"));
         chooseByKeys(child<QComboBox>(dialog, "cb_separator"), 1);
         clickSave(dialog);
         const std::unique_ptr<WaveSaver> saver = dialog.createSaver();
@@ -414,8 +435,8 @@ private slots:
         child<QSpinBox>(dialog, "sb_timeZone")->setValue(5);
         auto* company = child<QLineEdit>(dialog, "le_company");
         company->clear();
-        QTest::keyClicks(company, QStringLiteral("Новая организация"));
-        QTest::mouseClick(child<QCheckBox>(dialog, "cb_timeRange"), Qt::LeftButton);
+        typeText(company, QStringLiteral("Новая организация"));
+        tick(child<QCheckBox>(dialog, "cb_timeRange"));
         clickSave(dialog);
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
 
@@ -463,8 +484,8 @@ private slots:
         QCOMPARE(second.text, QStringLiteral("Не указано наименование ПС или ЭС. Продолжить сохранение?"));
         QVERIFY(dialog.isVisible());
 
-        QTest::keyClicks(child<QLineEdit>(dialog, "le_company"), QStringLiteral("Сети"));
-        QTest::keyClicks(child<QLineEdit>(dialog, "le_station"), QStringLiteral("ПС Новая"));
+        typeText(child<QLineEdit>(dialog, "le_company"), QStringLiteral("Сети"));
+        typeText(child<QLineEdit>(dialog, "le_station"), QStringLiteral("ПС Новая"));
         clickSave(dialog);
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
     }
@@ -476,7 +497,7 @@ private slots:
         QCOMPARE(tabTexts(*child<QTabWidget>(dialog, "tw_objects")), QStringList({ "Объект 1" }));
         auto saver = dialog.createSaver();
         QVERIFY(static_cast<ComtradeSaver*>(saver.get())->objList().isEmpty());
-        QTest::keyClicks(child<QLineEdit>(dialog, "le_territory"), QStringLiteral("Юг"));
+        typeText(child<QLineEdit>(dialog, "le_territory"), QStringLiteral("Юг"));
         saver = dialog.createSaver();
         QCOMPARE(static_cast<ComtradeSaver*>(saver.get())->objList().size(), 1);
         QCOMPARE(static_cast<ComtradeSaver*>(saver.get())->objList().first().territory, QStringLiteral("Юг"));
