@@ -1,5 +1,8 @@
 #include "Savers/CsvNumberFormat.h"
 
+#include <QByteArray>
+
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -54,64 +57,63 @@ bool roundToSignificant(char* digits, int& count, int& exponent)
 } // namespace
 
 CsvNumberFormat::CsvNumberFormat(const QLocale& locale)
-    : m_locale(locale), m_decimalPoint(locale.decimalPoint()), m_negativeSign(locale.negativeSign())
+    : m_locale(locale)
+    , m_decimalPoint(locale.decimalPoint().toLatin1())
+    , m_negativeSign(locale.negativeSign().toLatin1())
 {
 }
 
-bool CsvNumberFormat::appendFixed(
-    QString& out, unsigned long long magnitude, bool negative, int decimals) const
+char* CsvNumberFormat::writeFixed(char* out, unsigned long long magnitude, bool negative, int decimals) const
 {
     if (magnitude >= exactDigitsLimit)
-        return false;
+        return nullptr;
     if (magnitude == 0) {
-        out += QLatin1Char('0');
-        return true;
+        *out++ = '0';
+        return out;
     }
     char digits[24];
     int count = decimalDigits(magnitude, digits);
     int exponent = count - 1 - decimals;
     if (!roundToSignificant(digits, count, exponent))
-        return false;
+        return nullptr;
     if (exponent < lowestFixedExponent || exponent > highestFixedExponent)
-        return false;
+        return nullptr;
     while (count > 1 && digits[count - 1] == '0')
         --count;
 
     if (negative)
-        out += m_negativeSign;
+        *out++ = m_negativeSign;
     if (exponent < 0) {
-        out += QLatin1Char('0');
-        out += m_decimalPoint;
+        *out++ = '0';
+        *out++ = m_decimalPoint;
         for (int i = exponent + 1; i < 0; ++i)
-            out += QLatin1Char('0');
-        out += QLatin1String(digits, count);
-        return true;
+            *out++ = '0';
+        return std::copy(digits, digits + count, out);
     }
     const int integerDigits = exponent + 1;
     if (count <= integerDigits) {
-        out += QLatin1String(digits, count);
-        for (int i = count; i < integerDigits; ++i)
-            out += QLatin1Char('0');
-        return true;
+        out = std::copy(digits, digits + count, out);
+        return std::fill_n(out, integerDigits - count, '0');
     }
-    out += QLatin1String(digits, integerDigits);
-    out += m_decimalPoint;
-    out += QLatin1String(digits + integerDigits, count - integerDigits);
-    return true;
+    out = std::copy(digits, digits + integerDigits, out);
+    *out++ = m_decimalPoint;
+    return std::copy(digits + integerDigits, digits + count, out);
 }
 
-void CsvNumberFormat::appendScaled(QString& out, long long units, int decimals) const
+char* CsvNumberFormat::writeScaled(char* out, long long units, int decimals) const
 {
     const bool negative = units < 0;
     const unsigned long long magnitude
         = negative ? 0ULL - static_cast<unsigned long long>(units) : static_cast<unsigned long long>(units);
-    if (!appendFixed(out, magnitude, negative, decimals))
-        out += m_locale.toString(double(units) / std::pow(10.0, decimals), 'g', significantDigits);
+    if (char* end = writeFixed(out, magnitude, negative, decimals))
+        return end;
+    return writeValue(out, double(units) / std::pow(10.0, decimals));
 }
 
-void CsvNumberFormat::appendValue(QString& out, double value) const
+char* CsvNumberFormat::writeValue(char* out, double value) const
 {
-    out += m_locale.toString(value, 'g', significantDigits);
+    const QByteArray text = m_locale.toString(value, 'g', significantDigits).toLatin1();
+    return std::copy(text.constBegin(), text.constBegin() + std::min(int(text.size()), maxLength), out);
 }
 
 double CsvNumberFormat::roundedThousandths(double value)
@@ -123,13 +125,12 @@ double CsvNumberFormat::roundedThousandths(double value)
     return integerPart + std::trunc(n - integerPart + 0.5);
 }
 
-void CsvNumberFormat::appendRounded(QString& out, double value) const
+char* CsvNumberFormat::writeRounded(char* out, double value) const
 {
     const double thousandths = roundedThousandths(value);
     if (std::fabs(thousandths) < double(exactDigitsLimit))
-        appendScaled(out, static_cast<long long>(thousandths), 3);
-    else
-        appendValue(out, thousandths / 1000.0);
+        return writeScaled(out, static_cast<long long>(thousandths), 3);
+    return writeValue(out, thousandths / 1000.0);
 }
 
 bool CsvNumberFormat::isWholeNumber(double value)
@@ -139,22 +140,19 @@ bool CsvNumberFormat::isWholeNumber(double value)
     return std::isfinite(value) && value == std::trunc(value) && std::fabs(value) < int64Limit;
 }
 
-void CsvNumberFormat::appendInteger(QString& out, long long value)
+char* CsvNumberFormat::writeInteger(char* out, long long value)
 {
-    char digits[24];
     const bool negative = value < 0;
     const unsigned long long magnitude
         = negative ? 0ULL - static_cast<unsigned long long>(value) : static_cast<unsigned long long>(value);
-    const int count = decimalDigits(magnitude, digits);
     if (negative)
-        out += QLatin1Char('-');
-    out += QLatin1String(digits, count);
+        *out++ = '-';
+    return out + decimalDigits(magnitude, out);
 }
 
-void CsvNumberFormat::appendMeasured(QString& out, double value) const
+char* CsvNumberFormat::writeMeasured(char* out, double value) const
 {
     if (isWholeNumber(value))
-        appendInteger(out, static_cast<long long>(value));
-    else
-        appendRounded(out, value);
+        return writeInteger(out, static_cast<long long>(value));
+    return writeRounded(out, value);
 }

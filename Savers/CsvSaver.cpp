@@ -4,6 +4,7 @@
 #include "Savers/CsvNumberFormat.h"
 
 #include <QSaveFile>
+#include <QTextCodec>
 #include <QTextStream>
 
 #include <vector>
@@ -17,6 +18,15 @@ constexpr short instantShape = 4;
 // Progress goes out when it has grown by a thousandth, so that a long table does not flood the
 // receiving thread with one event a row.
 constexpr double progressGrain = 0.001;
+// Rows leave for the file in pieces of about this many bytes.
+constexpr int chunkBytes = 1 << 20;
+
+// Whether the codec writes the characters of a row, all ASCII, as they are.
+bool isAsciiCompatible(QTextCodec* codec)
+{
+    static const QByteArray rowCharacters = QByteArrayLiteral("0123456789;,.-+eEnaif\n");
+    return codec && codec->fromUnicode(QString::fromLatin1(rowCharacters)) == rowCharacters;
+}
 
 QLocale numberLocaleOf(QLocale::Language language)
 {
@@ -100,14 +110,16 @@ void CsvSaver::saveOsc()
         stream.setCodec(codec());
     const Columns columns = shownColumns();
     stream << headerLine(columns);
-    if (!writeRows(stream, columns)) {
+    const RowsResult rows = writeRows(file, stream, columns);
+    if (rows == RowsResult::Cancelled) {
         file.cancelWriting();
         emit cancelSave();
         return;
     }
     emit updateProgress(tr("Сохранение..."), 1.0);
     stream.flush();
-    if (stream.status() != QTextStream::Ok || !file.commit()) {
+    if (rows == RowsResult::Failed || stream.status() != QTextStream::Ok || !file.commit()) {
+        file.cancelWriting();
         emit writeError();
         return;
     }
@@ -145,12 +157,30 @@ QString CsvSaver::headerLine(const Columns& columns) const
     return line + QLatin1Char('\n');
 }
 
-bool CsvSaver::writeRows(QTextStream& stream, const Columns& columns)
+// Rows are made as bytes and go out a chunk at a time. Their characters are all ASCII, which an
+// ASCII-compatible codec leaves as they are; any other codec gets them through the stream.
+CsvSaver::RowsResult CsvSaver::writeRows(QSaveFile& file, QTextStream& stream, const Columns& columns)
 {
     const CsvNumberFormat format(m_numberLocale);
+    const bool plainBytes = isAsciiCompatible(stream.codec());
+    const int rowBytes
+        = (2 + int(columns.analogs.size() + columns.digitals.size())) * (CsvNumberFormat::maxLength + 1) + 1;
+    QByteArray chunk(chunkBytes + rowBytes, Qt::Uninitialized);
+    char* const begin = chunk.data();
+    char* end = begin;
+    const auto flushChunk = [&]() {
+        const qint64 length = end - begin;
+        end = begin;
+        if (!plainBytes) {
+            stream << QString::fromLatin1(begin, int(length));
+            return stream.status() == QTextStream::Ok;
+        }
+        stream.flush();
+        return file.write(begin, length) == length;
+    };
+
     const int count = countSamples();
     const int step = qMax(1, m_rowStep);
-    QString row;
     double reported = 0.0;
     int rowNumber = 0;
     for (int i = 0; i < count; i += step, ++rowNumber) {
@@ -160,32 +190,33 @@ bool CsvSaver::writeRows(QTextStream& stream, const Columns& columns)
             emit updateProgress(tr("Сохранение..."), fraction);
         }
         if (checkCancel())
-            return false;
-        row.clear();
-        appendRow(row, rowNumber, i, columns, format);
-        stream << row;
+            return RowsResult::Cancelled;
+        end = writeRow(end, rowNumber, i, columns, format);
+        if (end - begin >= chunkBytes && !flushChunk())
+            return RowsResult::Failed;
     }
-    return true;
+    return flushChunk() ? RowsResult::Written : RowsResult::Failed;
 }
 
-void CsvSaver::appendRow(
-    QString& row, int rowNumber, int sample, const Columns& columns, const CsvNumberFormat& format)
+char* CsvSaver::writeRow(
+    char* out, int rowNumber, int sample, const Columns& columns, const CsvNumberFormat& format)
 {
-    CsvNumberFormat::appendInteger(row, rowNumber);
-    row += m_separator;
+    const char separator = m_separator.toLatin1();
+    out = CsvNumberFormat::writeInteger(out, rowNumber);
+    *out++ = separator;
     // Samples before the trigger get negative times.
-    format.appendScaled(row, timeTrigger().uSecsTo(timeOfCurrentSample(sample)), 6);
+    out = format.writeScaled(out, timeTrigger().uSecsTo(timeOfCurrentSample(sample)), 6);
     const int recordSample = sample + firstSampleOfRange();
     for (const auto& channel : columns.analogs) {
-        row += m_separator;
-        format.appendMeasured(row, toChosenSide(*channel, analogValue(channel, recordSample)));
+        *out++ = separator;
+        out = format.writeMeasured(out, toChosenSide(*channel, analogValue(channel, recordSample)));
     }
     for (const auto& channel : columns.digitals) {
-        row += m_separator;
-        row += channel->Channel::getValue(recordSample, channel->dataOffset()) != 0.0 ? QLatin1Char('1')
-                                                                                      : QLatin1Char('0');
+        *out++ = separator;
+        *out++ = channel->Channel::getValue(recordSample, channel->dataOffset()) != 0.0 ? '1' : '0';
     }
-    row += QLatin1Char('\n');
+    *out++ = '\n';
+    return out;
 }
 
 double CsvSaver::analogValue(const QSharedPointer<AnalogChannel>& channel, int sample)

@@ -7,6 +7,8 @@
 
 class CalcModule;
 class CsvNumberFormat;
+class QSaveFile;
+class QSaveFile;
 class QTextStream;
 
 // Writes a record as one text table: a header line with the channel names, then a row a sample
@@ -47,13 +49,13 @@ protected:
 
 private:
     struct Columns;
+    enum class RowsResult { Written, Cancelled, Failed };
 
     Columns shownColumns() const;
     QString headerLine(const Columns& columns) const;
-    // False when the save was cancelled.
-    bool writeRows(QTextStream& stream, const Columns& columns);
-    void appendRow(
-        QString& row, int rowNumber, int sample, const Columns& columns, const CsvNumberFormat& format);
+    RowsResult writeRows(QSaveFile& file, QTextStream& stream, const Columns& columns);
+    char* writeRow(
+        char* out, int rowNumber, int sample, const Columns& columns, const CsvNumberFormat& format);
     double analogValue(const QSharedPointer<AnalogChannel>& channel, int sample);
     double toChosenSide(const AnalogChannel& channel, double value) const;
 

@@ -3,7 +3,9 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 namespace {
@@ -20,25 +22,30 @@ QString byLocale(const QLocale& locale, double value)
     return locale.toString(value, 'g', 6);
 }
 
+// What a call wrote into a buffer; a write beyond the longest number fails the test.
+template<typename Write> QString written(Write write)
+{
+    char buffer[CsvNumberFormat::maxLength + 8];
+    std::fill(std::begin(buffer), std::end(buffer), '#');
+    const char* end = write(buffer);
+    if (end - buffer > CsvNumberFormat::maxLength || buffer[CsvNumberFormat::maxLength] != '#')
+        qFatal("a number longer than CsvNumberFormat::maxLength");
+    return QString::fromLatin1(buffer, int(end - buffer));
+}
+
 QString scaled(const CsvNumberFormat& format, long long units, int decimals)
 {
-    QString out;
-    format.appendScaled(out, units, decimals);
-    return out;
+    return written([&](char* out) { return format.writeScaled(out, units, decimals); });
 }
 
 QString rounded(const CsvNumberFormat& format, double value)
 {
-    QString out;
-    format.appendRounded(out, value);
-    return out;
+    return written([&](char* out) { return format.writeRounded(out, value); });
 }
 
 QString measured(const CsvNumberFormat& format, double value)
 {
-    QString out;
-    format.appendMeasured(out, value);
-    return out;
+    return written([&](char* out) { return format.writeMeasured(out, value); });
 }
 } // namespace
 

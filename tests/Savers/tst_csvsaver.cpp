@@ -196,6 +196,21 @@ private slots:
         QVERIFY(readFile(path).startsWith(QStringLiteral("step;time;Ia;Ub;Пуск\n").toUtf8()));
     }
 
+    // A codec that is not ASCII-compatible gets the rows through the stream too.
+    void rowsInATwoByteCodec()
+    {
+        const QString path = target(QStringLiteral("utf16.csv"));
+        QVERIFY(save(makeTableRecord(plainTable()), path, [](CsvSaver& saver) {
+            saver.setCodec(QStringLiteral("UTF-16LE"));
+        }).ok);
+        // The codec's own conversion puts a byte order mark first; the stream writes none.
+        QCOMPARE(readFile(path),
+            encoded("UTF-16LE",
+                QStringLiteral("step;time;Ia;Ub;Пуск\n0;-0,001;1,5;2,25;0\n1;0;12;-3;1\n2;0,001;1,001;0,1;1\n"
+                               "3;0,002;-2,5;1234,57;0\n"))
+                .mid(2));
+    }
+
     // Primary 1000, secondary 100: a primary channel shown secondary is divided by ten, a
     // secondary one shown primary multiplied by ten; the side it is held in stays as it is.
     void primaryAndSecondaryValues_data()
