@@ -1,6 +1,7 @@
 #include "EasyLibKorvane.h"
 
 #include "Model/Channel.h"
+#include "Model/LoadReport.h"
 #include "Model/Oscillogram.h"
 #include "Model/OscillogramLoader.h"
 #include "Model/OscillogramLoaderFactory.h"
@@ -21,7 +22,9 @@ template<typename T> void registerOnce(const char* name)
     if (QMetaType::type(name) == QMetaType::UnknownType)
         qRegisterMetaType<T>(name);
 }
+} // namespace
 
+namespace LoadReport {
 void showUnsupportedFormat(QWidget* parent)
 {
     QMessageBox::critical(parent, EasyLibKorvane::tr("Загрузка файла"),
@@ -42,7 +45,10 @@ void reportLoadError(QWidget* parent, OscillogramLoader* loader, ProgressDialog*
         dialog->deleteLater();
     }
 }
-} // namespace
+} // namespace LoadReport
+
+using LoadReport::reportLoadError;
+using LoadReport::showUnsupportedFormat;
 
 void EasyLibKorvane::initialize()
 {

@@ -616,19 +616,24 @@ QString OscillogramViewModel::getTimePosition(int sample) const
 {
     if (!m_oscillogram)
         return QString();
-    PreciseDateTime trigger = m_oscillogram->triggerTime();
-    PreciseDateTime moment = m_oscillogram->dateTime(sample);
-    if (const auto simple = simpleOscillogram()) {
-        int offset = 0;
-        const int mode = m_allSettings ? int(m_allSettings->timeDisplayMode()) : 0;
-        if (mode == 1)
-            offset = simple->localCode() * 3600;
-        else if (mode != 0)
-            offset = (m_allSettings ? m_allSettings->customTimeZone() : 0) * 3600;
-        trigger.recalcTimeZone(offset);
-        moment.recalcTimeZone(offset);
-    }
+    const PreciseDateTime trigger = inDisplayZone(m_oscillogram->triggerTime());
+    const PreciseDateTime moment = inDisplayZone(m_oscillogram->dateTime(sample));
     return QString::number(trigger.uSecsTo(moment) / 1000.0, 'f', 3);
+}
+
+PreciseDateTime OscillogramViewModel::inDisplayZone(PreciseDateTime time) const
+{
+    const auto simple = simpleOscillogram();
+    if (!simple)
+        return time;
+    int offset = 0;
+    const int mode = m_allSettings ? int(m_allSettings->timeDisplayMode()) : 0;
+    if (mode == KorvaneSettings::DeviceLocalTime)
+        offset = simple->localCode() * 3600;
+    else if (mode != KorvaneSettings::UtcTime)
+        offset = m_allSettings->customTimeZone() * 3600;
+    time.recalcTimeZone(offset);
+    return time;
 }
 
 int OscillogramViewModel::splitterSize() const

@@ -99,6 +99,9 @@ public:
     Markers::Item makeMarkerItem() const;
     Markers::Item makeMarkerItem(int sample) const;
     QString getTimePosition(int sample) const;
+    // The time moved into the zone the settings choose for display: UTC, the device's local zone or
+    // the user's own. Only a SimpleOscillogram is moved; other records are shown as stored.
+    PreciseDateTime inDisplayZone(PreciseDateTime time) const;
     int splitterSize() const;
     QString makeAnomalyReportHead(int channel) const;
     QString makeAnomalyReportData(int from, int to, const QString& text) const;
@@ -205,6 +208,8 @@ public slots:
     void removeMarker(const Markers::Item& item);
     void setMarkers(const QList<Markers::Item>& items);
     void clearMarkers();
+    // Markers cleared, and their table set up again for the rows the view holds now.
+    void resetMarkers();
 
     void setAnalogActionList(const QList<QAction*>& actions) { m_analogActionList = actions; }
     QList<QAction*> analogActionList() const { return m_analogActionList; }
@@ -219,7 +224,6 @@ private:
     int countOfChannels() const;
     QSharedPointer<Channel> channelAt(int channel) const;
     void resetPositionAndRows();
-    void resetMarkers();
     int calculaterWindowInSamples() const;
 
     bool m_isModified = false;

@@ -1,10 +1,24 @@
 # Sources of Views/, relative to the project root.
 set(KORVANE_VIEWS_SOURCES
     Views/AChanParModel.cpp
+    Views/Commands/ChangeTriggerCommand.cpp
+    Views/Commands/ChannelCommands.cpp
+    Views/Commands/MarkerCommands.cpp
+    Views/Commands/SplitterCommands.cpp
+    Views/Commands/ViewCommands.cpp
+    Views/CurrentTimePositionView.cpp
     Views/DiaMarkersTable.cpp
+    Views/EasyLibKorvaneView.cpp
     Views/MarkersTableModel.cpp
+    Views/MouseEventsToSignals.cpp
     Views/OscillogramSaveAs.cpp
+    Views/OscillogramView.cpp
+    Views/OscillogramViewActions.cpp
     Views/OscillogramViewModel.cpp
+    Views/OscillogramViewSlots.cpp
+    Views/OscillogramViewToolBar.cpp
+    Views/PlotGestures.cpp
+    Views/TimeLine.cpp
     Views/TimeMeasureMode.cpp
     Views/XScale.cpp
     Views/Painters/AnalogPainter.cpp

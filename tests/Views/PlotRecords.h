@@ -40,4 +40,44 @@ inline QSharedPointer<SimpleOscillogram> record(
     return osc;
 }
 
+// analogs int16 channels of a sine-free ramp and digitals channels of alternating bits, at 1000 Hz,
+// trigger at sample pre.
+inline QSharedPointer<SimpleOscillogram> makeRecord(int analogs, int digitals, int samples, int pre = 0)
+{
+    OscillogramDataBuilder builder;
+    builder.reserve(0, 0, 0, analogs, digitals, samples);
+    for (int s = 0; s < samples; ++s) {
+        for (int c = 0; c < analogs; ++c)
+            builder.appendInt16Value(short((s % 200) - 100));
+        for (int c = 0; c < digitals; ++c)
+            builder.setDigitalChannelValue(s, c, (s / 10) % 2);
+    }
+    const auto data = builder.build();
+    auto record = QSharedPointer<SimpleOscillogram>::create();
+    record->setData(data);
+    record->setSampleRate(1000.0);
+    for (int c = 0; c < analogs; ++c) {
+        auto channel = QSharedPointer<AnalogChannel>::create();
+        channel->setData(data);
+        channel->setDataType(DT::Int16);
+        channel->setDataOffset(c);
+        channel->setDataCount(1);
+        channel->setName(QStringLiteral("A%1").arg(c));
+        record->addAnalogChannel(channel);
+    }
+    QList<QSharedPointer<DigitalChannel>> list;
+    for (int c = 0; c < digitals; ++c) {
+        auto channel = QSharedPointer<DigitalChannel>::create();
+        channel->setData(data);
+        channel->setDataOffset(c);
+        channel->setDataCount(1);
+        list << channel;
+    }
+    record->setDigitalChannels(list);
+    record->setTriggerTime(PreciseDateTime(2024, 3, 1, 10, 0, 0, 0, 0));
+    record->setCountOfPreFailureSamples(pre);
+    record->setCountOfPostFailureSamples(samples - pre);
+    return record;
+}
+
 } // namespace PlotRecords

@@ -23,9 +23,9 @@ class TestKorvaneHost : public QObject
 {
     Q_OBJECT
 private slots:
-    void opensTheSampleRecordByDefault()
+    void summaryOfTheSampleRecordByDefault()
     {
-        const Run run = runHost({});
+        const Run run = runHost({ QStringLiteral("--summary") });
         QCOMPARE(run.exitCode, 0);
         QVERIFY(run.out.contains(QStringLiteral(KORVANE_SAMPLE_RECORD)));
         // The sample is a phase-A fault on a 110 kV line: three voltages and three currents at
@@ -39,14 +39,14 @@ private slots:
 
     void refusesAnUnknownFormat()
     {
-        const Run run = runHost({ QStringLiteral("/nonexistent/notes.txt") });
+        const Run run = runHost({ QStringLiteral("--summary"), QStringLiteral("/nonexistent/notes.txt") });
         QCOMPARE(run.exitCode, 1);
         QVERIFY(run.err.contains(QStringLiteral("Формат файла не поддерживается")));
     }
 
     void reportsAMissingSet()
     {
-        const Run run = runHost({ QStringLiteral("/nonexistent/record.cfg") });
+        const Run run = runHost({ QStringLiteral("--summary"), QStringLiteral("/nonexistent/record.cfg") });
         QCOMPARE(run.exitCode, 1);
         QVERIFY(!run.err.isEmpty());
     }

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "korvane_export.h"
+
+#include <QScopedPointer>
+#include <QSharedPointer>
+#include <QWidget>
+
+class KorvaneSettings;
+class Oscillogram;
+class OscillogramViewModel;
+class QAction;
+class QToolBar;
+class QUndoStack;
+
+// The widget that shows one record: the tool bar on top, the analogue and discrete rows with their
+// parameter panels on the left and the time line above the plots. It owns the view model, which it
+// hands to every child, and the undo stack through which every change of looks goes.
+class KORVANE_EXPORT OscillogramView : public QWidget
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(OscillogramView)
+public:
+    // Arguments of slotSaveAs.
+    enum FORMATS { COMTRADE = 0, CSV = 1, HODOGRAPH_CSV = 2, HODOGRAPH_GDF = 3 };
+
+    OscillogramView(QSharedPointer<KorvaneSettings>& settings, QWidget* parent = nullptr);
+    ~OscillogramView() override;
+
+    void setOscillogram(QSharedPointer<Oscillogram> oscillogram);
+    void initByDefault();
+    QSharedPointer<OscillogramViewModel> oscillogramViewModel() const;
+    void setOscillogramViewName(const QString& name);
+    QString oscillogramViewName() const;
+    // Where a save of the record goes first: a file of the record's name in the view's own
+    // temporary folder.
+    QString temporaryFilePath() const;
+    void showToolbar();
+    void hideToolbar();
+    QToolBar* toolBar() const;
+    QUndoStack* undoStack() const;
+    // The model's flag, or a command pushed since the last save.
+    bool isModified() const;
+    void setIsModified(bool modified);
+    void resetModified();
+    void setCalcSettingsChanged(bool changed);
+    bool calcSettingsChanged() const;
+    bool triggerChanged() const;
+    // The actions of the context menu of an analogue row, in menu order.
+    QList<QAction*> analogActionList() const;
+    int rightClickedChannel() const;
+    // The action of a ViewAction::Id, or null when its tool does not exist.
+    QAction* action(int id) const;
+
+    // The sample the trigger moves to from "В начало секунды": the first sample of the second that
+    // holds the sample before the trigger.
+    static int previousSecondSample(const Oscillogram& record);
+    // The sample the trigger moves to from "В конец секунды": the last sample of the second that
+    // holds the sample after the trigger.
+    static int nextSecondSample(const Oscillogram& record);
+    // Heights of the analogue and the discrete part in a splitter of the given height, for lists
+    // whose contents are a and d pixels high. The discrete part gets 30 % unless the analogue rows
+    // need more and the discrete ones fit in less; when everything fits, the analogue part takes
+    // its content and the discrete one the rest.
+    static QList<int> areaSizes(int splitterHeight, int analogHeight, int digitalHeight);
+
+signals:
+    void sigFocusRequested();
+    void sigSettingsChanged();
+    void sigPanelParametersChanged();
+    void sigPrimSecModeChanged(int mode);
+
+public slots:
+    void slotCheckWave();
+    void slotPrimaryTriggered();
+    void slotSecondaryTriggered();
+    void primSecChanged();
+    void slotFitXScaleTriggered();
+    void slotIncreaseXScaleTriggered();
+    void slotDecreaseXScaleTriggered();
+    void slotSetTriggerTimeTriggered();
+    void slotSetTriggerTime(int sample);
+    void slotSetPrevSecond();
+    void slotSetNextSecond();
+    void slotRightClicked(int channel);
+    void slotSelectColorAction();
+    void slotClearColorAction();
+    void slotSettingsTriggered();
+    void slotOpenMarkersTable();
+    void slotAppendMarker();
+    void slotClearMarkers();
+    void slotShowSelectedChannelsTriggered();
+    void slotSaveOscillogram();
+    void slotSaveAs(int format);
+
+private:
+    struct Private;
+
+    void buildLayout();
+    void connectModel();
+    void createToolBar();
+    void createToolBarActions();
+    void connectToolBarActions();
+    void fillToolBar();
+    QAction* makeAction(int id);
+    void createIconForActions(const QString& plain, const QString& active, QAction* action);
+    bool saveTo(const QString& path);
+
+    QScopedPointer<Private> d;
+};

@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# Runs the real viewer on a virtual X screen (xvfb-run) with the sample record and writes what the
+# screen shows of its window to docs/screenshot.png, the picture the README shows.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+export BUILD_DIR=${BUILD_DIR:-$root/build}
+if ! command -v xvfb-run >/dev/null; then
+    sudo_cmd=""
+    [ "$(id -u)" -eq 0 ] || sudo_cmd="sudo"
+    $sudo_cmd apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive $sudo_cmd apt-get install -y -qq --no-install-recommends xvfb xauth
+fi
+"$root/scripts/build.sh" -DKORVANE_BUILD_TESTS=OFF
+mkdir -p "$root/docs"
+xvfb-run -a -s "-screen 0 1280x800x24" env -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb \
+    "$BUILD_DIR/apps/korvane" --grab "$root/docs/screenshot.png" "$BUILD_DIR/sample/korvane-sample.CFG"
