@@ -1,6 +1,7 @@
 #include "Calc/CalcModule.h"
 #include "CsvFixture.h"
 #include "FixtureFiles.h"
+#include "SaverFixture.h"
 #include "Savers/CsvSaver.h"
 #include "Settings/KorvaneSettings.h"
 
@@ -18,26 +19,7 @@
 using namespace KorvaneTest;
 
 namespace {
-struct SaveRun
-{
-    bool ok = false;
-    int finished = 0;
-    int writeErrors = 0;
-    int cancels = 0;
-    QList<QPair<QString, double>> progress;
-};
-
 using Configure = std::function<void(CsvSaver&)>;
-
-void watch(CsvSaver& saver, SaveRun& run)
-{
-    QObject::connect(&saver, &WaveSaver::updateProgress, [&run](const QString& stage, double fraction) {
-        run.progress.append({ stage, fraction });
-    });
-    QObject::connect(&saver, &WaveSaver::finishProgress, [&run]() { ++run.finished; });
-    QObject::connect(&saver, &WaveSaver::writeError, [&run]() { ++run.writeErrors; });
-    QObject::connect(&saver, &WaveSaver::cancelSave, [&run]() { ++run.cancels; });
-}
 
 SaveRun save(const QSharedPointer<Oscillogram>& record, const QString& target,
     const Configure& configure = {}, bool onlySelected = false, bool useRange = false)
@@ -46,7 +28,7 @@ SaveRun save(const QSharedPointer<Oscillogram>& record, const QString& target,
     if (configure)
         configure(saver);
     SaveRun run;
-    watch(saver, run);
+    watchSaver(saver, run);
     saver.saveProcess();
     run.ok = saver.isOk();
     return run;
@@ -68,14 +50,6 @@ TableRecordDescription plainTable()
 QByteArray encoded(const char* codec, const QString& text)
 {
     return QTextCodec::codecForName(codec)->fromUnicode(text);
-}
-
-MeasureItem range(int start, int finish)
-{
-    MeasureItem item;
-    item.setStartSampleNumber(start);
-    item.setFinishSampleNumber(finish);
-    return item;
 }
 
 // Milliseconds below a second as seconds with a point and without trailing zeros: 20 is "0.02".
@@ -279,8 +253,8 @@ private slots:
     {
         const QString path = target(QStringLiteral("range.csv"));
         QVERIFY(save(
-            makeTableRecord(plainTable()), path, [](CsvSaver& saver) { saver.setTimeRange(range(3, 1)); },
-            false, true)
+            makeTableRecord(plainTable()), path,
+            [](CsvSaver& saver) { saver.setTimeRange(sampleRange(3, 1)); }, false, true)
                     .ok);
         QCOMPARE(readFile(path),
             encoded("CP1251", QStringLiteral("step;time;Ia;Ub;Пуск\n0;0;12;-3;1\n1;0,001;1,001;0,1;1\n")));
@@ -295,7 +269,8 @@ private slots:
         d.rate = 4000.0;
         const QString path = target(QStringLiteral("late.csv"));
         QVERIFY(save(
-            makeTableRecord(d), path, [](CsvSaver& saver) { saver.setTimeRange(range(20, 22)); }, false, true)
+            makeTableRecord(d), path, [](CsvSaver& saver) { saver.setTimeRange(sampleRange(20, 22)); }, false,
+            true)
                     .ok);
         // Samples 20 and 21 lie 18 and 19 quarter milliseconds after the trigger.
         QCOMPARE(readFile(path), QByteArray("step;time;A1\n0;0,0045;1\n1;0,00475;1\n"));
@@ -546,7 +521,7 @@ private slots:
         d.analogRaw = { QVector<double>(20000, 1.5) };
         CsvSaver saver(path, makeTableRecord(d), false, false);
         SaveRun run;
-        watch(saver, run);
+        watchSaver(saver, run);
         QObject::connect(
             &saver, &WaveSaver::updateProgress, &saver,
             [](const QString&, double fraction) {

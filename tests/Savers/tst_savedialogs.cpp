@@ -12,6 +12,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QFileDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -118,15 +119,6 @@ SaveSource sourceOf(const QSharedPointer<Oscillogram>& record)
     return source;
 }
 
-MeasureItem range(int start, int finish)
-{
-    MeasureItem item;
-    item.setStartSampleNumber(start);
-    item.setFinishSampleNumber(finish);
-    item.setComplete(true);
-    return item;
-}
-
 TableRecordDescription smallTable()
 {
     TableRecordDescription d;
@@ -217,6 +209,25 @@ private slots:
         QCOMPARE(dialog.path(), m_dir.filePath(QStringLiteral("table.CSV")));
     }
 
+    // The browse button offers a file dialog of the suffix; the chosen file becomes the path.
+    void browseChoosesThePath()
+    {
+        CsvSaveSettings dialog(sourceOf(makeSaverRecord({})));
+        const QString chosen = m_dir.filePath(QStringLiteral("chosen.csv"));
+        QStringList filters;
+        whenModalOpens([&filters, chosen](QWidget* modal) {
+            auto* files = qobject_cast<QFileDialog*>(modal);
+            if (!files)
+                return;
+            filters = files->nameFilters();
+            files->selectFile(chosen);
+            QMetaObject::invokeMethod(files, "accept");
+        });
+        QTest::mouseClick(child<QPushButton>(dialog, "pb_browse"), Qt::LeftButton);
+        QCOMPARE(filters, QStringList({ "*.csv" }));
+        QCOMPARE(dialog.path(), chosen);
+    }
+
     void existingFileAsksBeforeOverwriting()
     {
         const QString path = m_dir.filePath(QStringLiteral("existing.csv"));
@@ -291,7 +302,7 @@ private slots:
         source.calcModule = QSharedPointer<CalcModule>::create();
         source.calcModule->init(DevConfig());
         source.primSecMode = 1;
-        source.timeRange = range(3, 1);
+        source.timeRange = sampleRange(3, 1);
         CsvSaveSettings dialog(source);
         dialog.show();
         const QString path = m_dir.filePath(QStringLiteral("chosen.csv"));
@@ -328,7 +339,7 @@ private slots:
         const auto record = makeTableRecord(smallTable());
         record->analogChannel(0)->setIsSelected(true);
         SaveSource source = sourceOf(record);
-        source.timeRange = range(0, 3);
+        source.timeRange = sampleRange(0, 3);
         CsvSaveSettings dialog(source);
         const QString path = m_dir.filePath(QStringLiteral("end.csv"));
         typePath(dialog, path);
@@ -426,7 +437,7 @@ private slots:
         const auto record = makeSaverRecord(d);
         record->setHeaderFileContent(QStringLiteral("Заголовок записи"));
         SaveSource source = sourceOf(record);
-        source.timeRange = range(10, 60);
+        source.timeRange = sampleRange(10, 60);
         ComtradeSaveSettings dialog(source);
         dialog.show();
         const QString path = m_dir.filePath(QStringLiteral("set.zip"));

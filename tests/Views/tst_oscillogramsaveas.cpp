@@ -102,38 +102,41 @@ private slots:
         QVERIFY(!OscillogramSaveAs::createDialog(2, source, nullptr));
     }
 
-    void exportAsCsvWritesTheTable()
+    void eachFormatWritesItsFile_data()
     {
-        OscillogramViewModel model;
-        model.setAllSettings(m_settings);
-        model.setOscillogram(makeTableRecord(smallTable()));
-        const QString path = m_dir.filePath(QStringLiteral("view.csv"));
-        QString dialogClass;
-        saveInNextDialog(path, dialogClass);
-        SeenBox seen;
-        closeNextMessageBox(seen);
-        QVERIFY(OscillogramSaveAs::run(OscillogramSaveAs::Csv, model, nullptr));
-        QCOMPARE(dialogClass, QStringLiteral("CsvSaveSettings"));
-        QCOMPARE(seen.text, QStringLiteral("Осциллограмма сохранена"));
+        QTest::addColumn<int>("format");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("dialogClass");
         // The dialog's defaults: UTF-8, semicolons and a point.
-        QCOMPARE(readFile(path),
-            QStringLiteral("step;time;Ia;Пуск\n0;-0.001;1.5;0\n1;0;12;1\n2;0.001;-2.25;1\n").toUtf8());
+        QTest::addColumn<QByteArray>("beginning");
+        QTest::newRow("CSV")
+            << int(OscillogramSaveAs::Csv) << "view.csv"
+            << "CsvSaveSettings"
+            << QStringLiteral("step;time;Ia;Пуск\n0;-0.001;1.5;0\n1;0;12;1\n2;0.001;-2.25;1\n").toUtf8();
+        QTest::newRow("COMTRADE") << int(OscillogramSaveAs::Comtrade) << "view.zip"
+                                  << "ComtradeSaveSettings" << QByteArray("PK\x03\x04");
     }
-
-    void saveAsWritesAnArchive()
+    void eachFormatWritesItsFile()
     {
+        QFETCH(int, format);
+        QFETCH(QString, name);
+        QFETCH(QString, dialogClass);
+        QFETCH(QByteArray, beginning);
         OscillogramViewModel model;
         model.setAllSettings(m_settings);
         model.setOscillogram(makeTableRecord(smallTable()));
-        const QString path = m_dir.filePath(QStringLiteral("view.zip"));
-        QString dialogClass;
-        saveInNextDialog(path, dialogClass);
+        const QString path = m_dir.filePath(name);
+        QString seenDialog;
+        saveInNextDialog(path, seenDialog);
         SeenBox seen;
         closeNextMessageBox(seen);
-        QVERIFY(OscillogramSaveAs::run(OscillogramSaveAs::Comtrade, model, nullptr));
-        QCOMPARE(dialogClass, QStringLiteral("ComtradeSaveSettings"));
+        QVERIFY(OscillogramSaveAs::run(format, model, nullptr));
+        QCOMPARE(seenDialog, dialogClass);
         QCOMPARE(seen.text, QStringLiteral("Осциллограмма сохранена"));
-        QVERIFY(readFile(path).startsWith("PK\x03\x04"));
+        QVERIFY(readFile(path).startsWith(beginning));
+        // The table is all there is; an archive goes on beyond its signature.
+        if (format == OscillogramSaveAs::Csv)
+            QCOMPARE(readFile(path), beginning);
     }
 
     void closingTheDialogWritesNothing()
