@@ -3,8 +3,8 @@
 #include "korvane_export.h"
 
 #include "Loaders/ComtradeCFGFields.h"
-#include "Loaders/ComtradeVersion.h"
 #include "Loaders/CsvStringParser.h"
+#include "Model/ComtradeVersion.h"
 
 class QTextStream;
 

@@ -6,7 +6,9 @@ set(KORVANE_MODEL_SOURCES
     Model/ClcOscillogram.cpp
     Model/Channel.cpp
     Model/ComtradeChannels.cpp
+    Model/ComtradeDataFormat.cpp
     Model/ComtradeOscillogram.cpp
+    Model/ComtradeVersion.cpp
     Model/DigitalChannel.cpp
     Model/EasyLibKorvane.cpp
     Model/Exception.cpp

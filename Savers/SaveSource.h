@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Model/Oscillogram.h"
-#include "Views/MeasureItem.h"
+#include "Model/MeasureItem.h"
 
 #include <QSharedPointer>
 

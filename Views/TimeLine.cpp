@@ -2,7 +2,7 @@
 
 #include "Model/ComtradeOscillogram.h"
 #include "Views/OscillogramViewModel.h"
-#include "Views/Painters/ColorStyle.h"
+#include "Settings/ColorStyle.h"
 #include "Views/Painters/TimeLayers.h"
 
 #include <QMouseEvent>

@@ -1,7 +1,7 @@
 #include "Views/Painters/TimeLayers.h"
 
 #include "Model/SimpleOscillogram.h"
-#include "Views/Painters/ColorStyle.h"
+#include "Settings/ColorStyle.h"
 #include "Views/Painters/DrawPrimitives.h"
 
 #include <cmath>

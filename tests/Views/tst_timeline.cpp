@@ -3,7 +3,7 @@
 #include "Settings/KorvaneSettings.h"
 #include "Views/CurrentTimePositionView.h"
 #include "Views/OscillogramViewModel.h"
-#include "Views/Painters/ColorStyle.h"
+#include "Settings/ColorStyle.h"
 #include "Views/TimeLine.h"
 
 #include <QPainter>

@@ -4,7 +4,7 @@
 #include "Model/ComtradeOscillogram.h"
 #include "Model/DataType.h"
 #include "Model/SimpleOscillogram.h"
-#include "Views/MeasureItem.h"
+#include "Model/MeasureItem.h"
 
 #include <QList>
 #include <QPair>
