@@ -6,17 +6,17 @@
 
 class Exception;
 class OscillogramLoader;
-class ProgressDialog;
 class QWidget;
 
-// How the entry's open calls tell the user about a load: the same boxes whichever call opened it.
+// The parts the entry's open calls share: the same boxes and the same run of a loader whichever
+// call opened the file.
 namespace LoadReport {
 
 // "Формат файла не поддерживается." under "Загрузка файла".
 KORVANE_EXPORT void showUnsupportedFormat(QWidget* parent);
-// Shows a failure with its causes and lets the loader go; a cancelled load ends quietly and keeps
-// both. The dialog, if any, is closed.
-KORVANE_EXPORT void reportLoadError(QWidget* parent, OscillogramLoader* loader, ProgressDialog* dialog,
-    const QSharedPointer<Exception>& exception);
+// Shows a failure with its causes under "Загрузка файла"; a cancelled load ends quietly.
+KORVANE_EXPORT void reportLoadError(QWidget* parent, const QSharedPointer<Exception>& exception);
+// Runs the loader on the pool and deletes it once its run() has returned, whatever the outcome.
+KORVANE_EXPORT void runAndDelete(OscillogramLoader* loader);
 
 } // namespace LoadReport

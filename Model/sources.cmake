@@ -21,6 +21,7 @@ set(KORVANE_MODEL_SOURCES
     Model/OscillogramLoaderFactory.cpp
     Model/Oscillograms.cpp
     Model/PreciseDateTime.cpp
+    Model/ProgressCoalescer.cpp
     Model/ProgressDialog.cpp
     Model/SimpleOscillogram.cpp
     Model/TaskBase.cpp

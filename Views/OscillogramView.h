@@ -6,12 +6,18 @@
 #include <QSharedPointer>
 #include <QWidget>
 
+class AChanParListView;
+class AChanPlotListView;
+class DChanParListView;
+class DChanPlotListView;
 class KorvaneSettings;
 class Oscillogram;
 class OscillogramViewModel;
 class QAction;
+class QSplitter;
 class QToolBar;
 class QUndoStack;
+class TimeLine;
 
 // The widget that shows one record: the tool bar on top, the analogue and discrete rows with their
 // parameter panels on the left and the time line above the plots. It owns the view model, which it
@@ -38,6 +44,13 @@ public:
     void showToolbar();
     void hideToolbar();
     QToolBar* toolBar() const;
+    TimeLine* timeLine() const;
+    AChanParListView* aChanParList() const;
+    AChanPlotListView* aChanPlotList() const;
+    DChanParListView* dChanParList() const;
+    DChanPlotListView* dChanPlotList() const;
+    // The splitter between the parameter panels on the left and the plots on the right.
+    QSplitter* lrSplitter() const;
     QUndoStack* undoStack() const;
     // The model's flag, or a command pushed since the last save.
     bool isModified() const;
@@ -90,14 +103,33 @@ public slots:
     void slotAppendMarker();
     void slotClearMarkers();
     void slotShowSelectedChannelsTriggered();
+    // The panels take the width their parameters need, the plots the rest.
+    void slotWidthForPanelChanged();
+    void slotCompactModeTriggered();
+    void slotFullModeTriggered();
+    // Shares the height between the analogue and the discrete rows, and hides a kind the record
+    // does not have.
+    void resizeArea();
+    void slotLRSplitterMoved(int position, int index);
+    void slotADSplitterMoved(const QList<int>& sizes);
+    void slotListADSMoved(int position, int index);
+    void slotImageADSMoved(int position, int index);
     void slotSaveOscillogram();
     void slotSaveAs(int format);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     struct Private;
 
     void buildLayout();
     void connectModel();
+    void createLists();
+    // Row heights of the compact mode (two text lines a panel) or the full one, in the model and
+    // both analogue lists.
+    void setRowMode(bool compact);
+    void connectLists();
     void createToolBar();
     void createToolBarActions();
     void connectToolBarActions();

@@ -1,5 +1,6 @@
 #include "Views/OscillogramViewModel.h"
 
+#include "Model/NumericCast.h"
 #include "Model/Oscillograms.h"
 #include "Model/SimpleOscillogram.h"
 #include "Settings/ColorStyle.h"
@@ -678,7 +679,7 @@ int OscillogramViewModel::calculaterWindowInSamples() const
         return 0;
     const int ms
         = m_allSettings->manualFlag() ? m_allSettings->manualInterval() : m_allSettings->calcDuration() * 20;
-    return int(ms * m_oscillogram->sampleRate() / 1000.0);
+    return Korvane::truncatedToInt(ms * m_oscillogram->sampleRate() / 1000.0);
 }
 
 QImage OscillogramViewModel::channelPlot(

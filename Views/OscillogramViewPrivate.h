@@ -6,12 +6,19 @@
 #include <QString>
 #include <QTemporaryDir>
 
+class AChanParListView;
+class AChanPlotListView;
+class CurrentTimePositionView;
+class DChanParListView;
+class DChanPlotListView;
 class KorvaneSettings;
 class OscillogramViewModel;
 class QAction;
 class QSplitter;
 class QToolBar;
 class QUndoStack;
+class TimeLine;
+class ViewCommands;
 
 // The parts of an OscillogramView; the model comes first, as every child is given it.
 struct OscillogramView::Private
@@ -24,6 +31,13 @@ struct OscillogramView::Private
     QToolBar* toolBar = nullptr;
     QAction* actions[ViewAction::Count] = {};
     QUndoStack* undoStack = nullptr;
+    ViewCommands* commands = nullptr;
+    TimeLine* timeLine = nullptr;
+    CurrentTimePositionView* currentTimePosition = nullptr;
+    AChanParListView* aChanParList = nullptr;
+    DChanParListView* dChanParList = nullptr;
+    AChanPlotListView* aChanPlotList = nullptr;
+    DChanPlotListView* dChanPlotList = nullptr;
     QTemporaryDir temporaryDir;
     QString temporaryFilePath;
     QString name;

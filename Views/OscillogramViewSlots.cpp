@@ -9,6 +9,11 @@
 #include "Savers/ComtradeSaver.h"
 #include "Savers/SaverRunner.h"
 #include "Settings/SettingsDialog.h"
+#include "Views/AChanParListView.h"
+#include "Views/AChanPlotListView.h"
+#include "Views/Commands/ViewCommands.h"
+#include "Views/DChanParListView.h"
+#include "Views/DChanPlotListView.h"
 #include "Views/DiaMarkersTable.h"
 #include "Views/OscillogramSaveAs.h"
 #include "Views/OscillogramViewModel.h"
@@ -17,6 +22,7 @@
 #include <QColorDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QSplitter>
 
 using namespace ViewAction;
 
@@ -130,6 +136,64 @@ QList<int> OscillogramView::areaSizes(int splitterHeight, int analogHeight, int 
     return { analog, digital };
 }
 
+void OscillogramView::resizeArea()
+{
+    const auto record = d->model->oscillogram();
+    const bool analogs = record && record->countOfAnalogChannels() > 0;
+    const bool digitals = record && record->countOfDigitalChannels() > 0;
+    d->aChanParList->setVisible(analogs);
+    d->aChanPlotList->setVisible(analogs);
+    d->dChanParList->setVisible(digitals);
+    d->dChanPlotList->setVisible(digitals);
+    if (!analogs || !digitals)
+        return;
+    // The height the two lists share, without the handle between them.
+    const int height = d->imageSplitter->height() - d->imageSplitter->handleWidth();
+    const QList<int> sizes
+        = areaSizes(height, d->aChanPlotList->contentHeight(), d->dChanPlotList->contentHeight());
+    d->listSplitter->setSizes(sizes);
+    d->imageSplitter->setSizes(sizes);
+}
+
+void OscillogramView::slotWidthForPanelChanged()
+{
+    const int panel = d->model->splitterSize();
+    const int whole = d->lrSplitter->width() - d->lrSplitter->handleWidth();
+    d->lrSplitter->setSizes({ panel, qMax(0, whole - panel) });
+}
+
+// Compact and full modes
+
+void OscillogramView::slotCompactModeTriggered()
+{
+    setRowMode(true);
+}
+
+void OscillogramView::slotFullModeTriggered()
+{
+    setRowMode(false);
+}
+
+void OscillogramView::setRowMode(bool compact)
+{
+    d->model->setIsCompactMode(compact);
+    for (int channel : d->model->channelRowHeights().keys()) {
+        const int panels = d->aChanParList->countPanelsInChannel(channel);
+        if (panels <= 0)
+            continue;
+        const int height
+            = compact ? AChanParListView::compactRowHeight(panels) : AChanParListView::fullRowHeight(panels);
+        d->model->setChanRowMinHeight(channel, height);
+        d->model->setChanRowHeight(channel, height);
+        if (compact)
+            d->aChanParList->setCompactMode(channel);
+        else
+            d->aChanParList->setFullMode(channel);
+        d->aChanParList->updateHeight(channel, height);
+        d->aChanPlotList->updateHeight(channel, height);
+    }
+}
+
 // Colours
 
 void OscillogramView::slotSelectColorAction()
@@ -231,16 +295,38 @@ bool OscillogramView::saveTo(const QString& path)
 
 void OscillogramView::slotSetTriggerTime(int sample)
 {
-    d->model->setTriggerTime(sample);
+    d->commands->slotSetTriggerTime(sample);
     d->triggerChanged = true;
 }
 
 void OscillogramView::slotAppendMarker()
 {
-    d->model->appendMarker(d->model->makeMarkerItem());
+    d->commands->slotAppendMarker();
 }
 
 void OscillogramView::slotClearMarkers()
 {
-    d->model->clearMarkers();
+    d->commands->slotClearMarkers();
+}
+
+void OscillogramView::slotLRSplitterMoved(int, int)
+{
+    d->commands->slotLRSplitterMoved(d->lrSplitter);
+}
+
+void OscillogramView::slotADSplitterMoved(const QList<int>& sizes)
+{
+    d->commands->slotADSplitterMoved(d->listSplitter, d->imageSplitter, sizes);
+}
+
+// The parameter lists and the plots keep one border between analogue and discrete rows: a move of
+// either splitter is set on both, through one command.
+void OscillogramView::slotListADSMoved(int, int)
+{
+    slotADSplitterMoved(d->listSplitter->sizes());
+}
+
+void OscillogramView::slotImageADSMoved(int, int)
+{
+    slotADSplitterMoved(d->imageSplitter->sizes());
 }

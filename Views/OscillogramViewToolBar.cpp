@@ -85,6 +85,8 @@ void OscillogramView::connectToolBarActions()
     on(ScaleDown, model, &OscillogramViewModel::scaleDown);
     on(ScaleUp, model, &OscillogramViewModel::scaleUp);
     on(FitXScale, this, &OscillogramView::slotFitXScaleTriggered);
+    on(CompactMode, this, &OscillogramView::slotCompactModeTriggered);
+    on(FullMode, this, &OscillogramView::slotFullModeTriggered);
     on(Primary, this, &OscillogramView::slotPrimaryTriggered);
     on(Secondary, this, &OscillogramView::slotSecondaryTriggered);
     on(MeasureStart, model, &OscillogramViewModel::startTimeMeasure);

@@ -2,9 +2,12 @@
 
 #include "Settings/KorvaneSettings.h"
 #include "Settings/SettingsProvider.h"
+#include "Views/ChannelPlotView.h"
 #include "Views/MouseEventsToSignals.h"
 #include "Views/OscillogramViewModel.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QSettings>
@@ -31,6 +34,8 @@ PlotGestures::PlotGestures(QWidget* area, QScrollBar* horizontal, QScrollBar* ve
     m_mouse->setRightStep(m_scaleStep + 1);
     m_area->installEventFilter(m_mouse);
     m_area->installEventFilter(this);
+    // Context menus go to the rows inside the area, whose events no filter on the area sees.
+    qApp->installEventFilter(this);
     m_area->setFocusPolicy(Qt::StrongFocus);
     connectMouse();
 }
@@ -45,8 +50,7 @@ void PlotGestures::connectMouse()
     connect(m_mouse, &MouseEventsToSignals::rightButtonPressed, this, &PlotGestures::onRightPressed);
     connect(m_mouse, &MouseEventsToSignals::scaleUpRequested, this, [this] { onScaleStep(true); });
     connect(m_mouse, &MouseEventsToSignals::scaleDownRequested, this, [this] { onScaleStep(false); });
-    connect(m_mouse, &MouseEventsToSignals::rightButtonReleased, this,
-        [this] { emit sigScaledChanged(m_scaled); });
+    connect(m_mouse, &MouseEventsToSignals::rightButtonReleased, this, &PlotGestures::onRightReleased);
 }
 
 void PlotGestures::setOscillogramViewModel(const QSharedPointer<OscillogramViewModel>& model)
@@ -156,6 +160,42 @@ void PlotGestures::onMiddleDragged(int distance)
 void PlotGestures::onRightPressed()
 {
     m_scaled = false;
+    m_menuTarget.clear();
+}
+
+void PlotGestures::onRightReleased(const QPoint& position)
+{
+    emit sigScaledChanged(m_scaled);
+    if (m_area) {
+        // Where the menu comes after the release, the plot itself decides by the flag.
+        for (QWidget* widget = m_area->childAt(position); widget && widget != m_area;
+             widget = widget->parentWidget())
+            if (auto* plot = qobject_cast<ChannelPlotView*>(widget))
+                plot->slotScaledChanged(m_scaled);
+    }
+    QPointer<QWidget> target = m_menuTarget;
+    m_menuTarget.clear();
+    if (target && !m_scaled) {
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, m_menuPosition, m_menuGlobalPosition);
+        m_deliveringMenu = true;
+        QCoreApplication::sendEvent(target, &menu);
+        m_deliveringMenu = false;
+    }
+}
+
+bool PlotGestures::holdContextMenu(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::ContextMenu || m_deliveringMenu || !m_mouse->isRightHeld() || !m_area)
+        return false;
+    auto* widget = qobject_cast<QWidget*>(watched);
+    auto* menu = static_cast<QContextMenuEvent*>(event);
+    if (!widget || menu->reason() != QContextMenuEvent::Mouse
+        || !(widget == m_area || m_area->isAncestorOf(widget)))
+        return false;
+    m_menuTarget = widget;
+    m_menuPosition = menu->pos();
+    m_menuGlobalPosition = menu->globalPos();
+    return true;
 }
 
 void PlotGestures::onScaleStep(bool up)
@@ -182,6 +222,8 @@ int PlotGestures::keyStepPixels(Qt::KeyboardModifiers modifiers)
 
 bool PlotGestures::eventFilter(QObject* watched, QEvent* event)
 {
+    if (holdContextMenu(watched, event))
+        return true;
     if (watched == m_area && event->type() == QEvent::Resize)
         updateHorizontalScrollBar();
     if (watched == m_area && event->type() == QEvent::KeyPress)

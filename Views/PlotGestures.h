@@ -3,6 +3,7 @@
 #include "korvane_export.h"
 
 #include <QObject>
+#include <QPoint>
 #include <QPointer>
 #include <QSharedPointer>
 
@@ -17,7 +18,9 @@ class QWidget;
 // pans, the right button zooms in steps of the setting "ui/dragPixelsPerScaleStep" pixels, Left and
 // Right move the current sample, Up and Down scroll the rows. It also ties the horizontal scroll bar
 // to the start sample and keeps the current sample in the middle when the scale changes.
-// A plot list creates one over the widget that receives the plots' mouse events.
+// A plot list creates one over the widget that receives the plots' mouse events. Where the platform
+// asks for a context menu on the right press, the menu waits for the release and is dropped when
+// the drag zoomed, so that a right drag can zoom at all.
 class KORVANE_EXPORT PlotGestures : public QObject
 {
     Q_OBJECT
@@ -55,6 +58,8 @@ private:
     void onLeftReleased();
     void onMiddleDragged(int distance);
     void onRightPressed();
+    void onRightReleased(const QPoint& position);
+    bool holdContextMenu(QObject* watched, QEvent* event);
     void onScaleStep(bool up);
     void onXScaleChanged();
     bool keyPressed(QKeyEvent* event);
@@ -69,4 +74,10 @@ private:
     bool m_leftHeld = false;
     bool m_measureStarted = false;
     bool m_scaled = false;
+    // A context menu asked for by the right press, held until the release shows whether the
+    // press began a zoom.
+    QPointer<QWidget> m_menuTarget;
+    QPoint m_menuPosition;
+    QPoint m_menuGlobalPosition;
+    bool m_deliveringMenu = false;
 };

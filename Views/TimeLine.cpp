@@ -4,6 +4,7 @@
 #include "Views/OscillogramViewModel.h"
 #include "Settings/ColorStyle.h"
 #include "Views/Painters/TimeLayers.h"
+#include "Views/TimeLineTexts.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -30,11 +31,12 @@ QFont rulerFont()
 class RulerPainter
 {
 public:
-    RulerPainter(const TimeLine& line, QPainter& painter, const TimeLineDrawInfo& info)
+    RulerPainter(const TimeLine& line, QPainter& painter, TimeLineTexts& texts, const TimeLineDrawInfo& info)
         : m_line(line)
         , m_model(*line.oscillogramViewModel())
         , m_record(*m_model.oscillogram())
         , m_painter(painter)
+        , m_texts(texts)
         , m_width(painter.device()->width())
         , m_start(line.startSampleNumber(info.startSample))
         , m_scale(line.xScale(info.xScale))
@@ -83,6 +85,7 @@ private:
     const OscillogramViewModel& m_model;
     const Oscillogram& m_record;
     QPainter& m_painter;
+    TimeLineTexts& m_texts;
     int m_width;
     int m_start;
     double m_scale;
@@ -113,8 +116,8 @@ void RulerPainter::drawMergedRecords()
         flag.closeSubpath();
         m_painter.fillPath(flag, Qt::green);
         m_painter.drawPath(flag);
-        m_painter.drawText(
-            QRectF(px, 2.0, 8.0, m_yTop - 1.0 - 2.0), Qt::AlignRight | Qt::AlignVCenter, QString::number(i));
+        m_texts.draw(m_painter, QRectF(px, 2.0, 8.0, m_yTop - 1.0 - 2.0), Qt::AlignRight | Qt::AlignVCenter,
+            QString::number(i));
     }
 }
 
@@ -145,8 +148,8 @@ void RulerPainter::drawTick(QPainterPath& ticks, double position, int sample)
     ticks.moveTo(position, m_yTop);
     ticks.lineTo(position, m_yBottom);
     const QString label = QString::number(m_line.timeForSample(m_pre, sample), 'f', 0);
-    m_painter.drawText(
-        QRectF(position - 103.0, m_yMid - 5.0, labelWidth, 9.0), Qt::AlignRight | Qt::AlignVCenter, label);
+    m_texts.draw(m_painter, QRectF(position - 103.0, m_yMid - 5.0, labelWidth, 9.0),
+        Qt::AlignRight | Qt::AlignVCenter, label);
 }
 
 void RulerPainter::drawEnd()
@@ -157,9 +160,9 @@ void RulerPainter::drawEnd()
     m_painter.drawLine(QPointF(end, m_yTop), QPointF(end, m_yBottom));
     m_painter.setPen(textColor);
     const QString time = m_model.inDisplayZone(m_record.endTime()).timeToString();
-    const double width = m_painter.fontMetrics().horizontalAdvance(time) + 9.0;
-    m_painter.drawText(
-        QRectF(m_samples * m_scale + 1.0, m_yMid - 5.0, width, 9.0), Qt::AlignRight | Qt::AlignVCenter, time);
+    const double width = m_texts.width(time) + 9.0;
+    m_texts.draw(m_painter, QRectF(m_samples * m_scale + 1.0, m_yMid - 5.0, width, 9.0),
+        Qt::AlignRight | Qt::AlignVCenter, time);
 }
 
 void RulerPainter::drawTrigger()
@@ -192,41 +195,45 @@ void RulerPainter::drawMeasure(const MeasureItem& measure, double recordLengthMs
     if (!measure.isComplete()) {
         const QString label
             = QString::number(m_line.timeForSample(m_pre, measure.startSampleNumber()), 'f', 3);
-        m_painter.drawText(upperLabel(p1 + 2.0, labelWidth), Qt::AlignLeft | Qt::AlignTop, label);
+        m_texts.draw(m_painter, upperLabel(p1 + 2.0, labelWidth), Qt::AlignLeft | Qt::AlignTop, label);
         return;
     }
     const double p2 = column(ordered.finishSampleNumber());
     const double y = m_yTop - 2.0;
-    m_painter.drawLine(QPointF(p2, m_yBottom), QPointF(p2, 0.0));
-    m_painter.drawLine(QPointF(p1, y), QPointF(p2, y));
-    m_painter.drawPolyline(QPolygonF({ { p1 + 4.0, y - 4.0 }, { p1, y }, { p1 + 4.0, y + 4.0 } }));
-    m_painter.drawPolyline(QPolygonF({ { p2 - 4.0, y - 4.0 }, { p2, y }, { p2 - 4.0, y + 4.0 } }));
+    // The second line and the double arrow between the two, with its heads, in one call.
+    const QLineF arrow[] { { p2, m_yBottom, p2, 0.0 }, { p1, y, p2, y }, { p1 + 4.0, y - 4.0, p1, y },
+        { p1, y, p1 + 4.0, y + 4.0 }, { p2 - 4.0, y - 4.0, p2, y }, { p2, y, p2 - 4.0, y + 4.0 } };
+    m_painter.drawLines(arrow, 6);
     const QString label = QString::number(
         std::fabs(m_line.lengthMeasure(measure.finishSampleNumber(), measure.startSampleNumber())), 'f', 3);
-    const double labelSpace = m_painter.fontMetrics().horizontalAdvance(label) + 10.0;
+    const double labelSpace = m_texts.width(label) + 10.0;
     // The text goes right of the arrow, or left of it when it would pass the record's length. That
     // length is in milliseconds and is compared with pixels as it stands.
     double side = p2;
     if (side + labelSpace > recordLengthMs)
         side = p1 - labelSpace;
     if (p2 - p1 <= labelSpace)
-        m_painter.drawText(upperLabel(side + 10.0, labelWidth), Qt::AlignLeft | Qt::AlignTop, label);
+        m_texts.draw(m_painter, upperLabel(side + 10.0, labelWidth), Qt::AlignLeft | Qt::AlignTop, label);
     else
-        m_painter.drawText(upperLabel(p1, p2 - p1 - 1.0), Qt::AlignHCenter | Qt::AlignTop, label);
+        m_texts.draw(m_painter, upperLabel(p1, p2 - p1 - 1.0), Qt::AlignHCenter | Qt::AlignTop, label);
 }
 
 void RulerPainter::drawMarkers()
 {
     m_painter.setPen(QColor::fromRgb(KV::Cfg::ColorStyle::current().markerLine));
-    for (const Markers::Item& marker : m_model.markers()->items()) {
+    const QList<Markers::Item>& markers = m_model.markers()->items();
+    QVector<QLineF> lines;
+    lines.reserve(markers.size());
+    for (const Markers::Item& marker : markers) {
         const double px = column(marker.sampleNumber);
-        m_painter.drawLine(QPointF(px, m_yBottom), QPointF(px, 0.0));
-        m_painter.drawText(upperLabel(px + 2.0, labelWidth), Qt::AlignLeft | Qt::AlignTop, marker.time);
+        lines.append(QLineF(px, m_yBottom, px, 0.0));
+        m_texts.draw(m_painter, upperLabel(px + 2.0, labelWidth), Qt::AlignLeft | Qt::AlignTop, marker.time);
     }
+    m_painter.drawLines(lines);
 }
 } // namespace
 
-TimeLine::TimeLine(QWidget* parent) : QWidget(parent)
+TimeLine::TimeLine(QWidget* parent) : QWidget(parent), m_texts(std::make_unique<TimeLineTexts>())
 {
     setFixedHeight(QFontMetrics(rulerFont()).height() + int(stripHeight) + 4);
 }
@@ -272,12 +279,14 @@ double TimeLine::sampleRate() const
 
 double TimeLine::timeForSample(int a, int b) const
 {
-    return m_model->oscillogram()->timeForSample(a, b);
+    const auto record = m_model ? m_model->oscillogram() : QSharedPointer<Oscillogram>();
+    return record ? record->timeForSample(a, b) : 0.0;
 }
 
 double TimeLine::lengthMeasure(int a, int b) const
 {
-    return m_model->oscillogram()->timeBetweenSamples(a, b);
+    const auto record = m_model ? m_model->oscillogram() : QSharedPointer<Oscillogram>();
+    return record ? record->timeBetweenSamples(a, b) : 0.0;
 }
 
 void TimeLine::drawTimeLine(QPaintDevice* device, const TimeLineDrawInfo& info) const
@@ -291,7 +300,8 @@ void TimeLine::drawTimeLine(QPaintDevice* device, const TimeLineDrawInfo& info) 
     if (!m_model || !m_model->oscillogram() || m_model->oscillogram()->countOfSamples() == 0)
         return;
     painter.setFont(rulerFont());
-    RulerPainter(*this, painter, info).draw(info);
+    m_texts->prepareFor(painter);
+    RulerPainter(*this, painter, *m_texts, info).draw(info);
 }
 
 void TimeLine::paintEvent(QPaintEvent*)

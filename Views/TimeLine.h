@@ -6,8 +6,11 @@
 #include <QSharedPointer>
 #include <QWidget>
 
+#include <memory>
+
 class OscillogramViewModel;
 class QPaintDevice;
+class TimeLineTexts;
 
 // The ruler above the plots and the header strip of a printed page: milliseconds from the trigger,
 // where merged records begin, where the record ends, the time measures and the markers.
@@ -43,4 +46,6 @@ protected:
 
 private:
     QSharedPointer<OscillogramViewModel> m_model;
+    // Laid-out labels kept between paints; drawing does not change what the ruler shows.
+    std::unique_ptr<TimeLineTexts> m_texts;
 };

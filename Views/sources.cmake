@@ -1,14 +1,32 @@
 # Sources of Views/, relative to the project root.
 set(KORVANE_VIEWS_SOURCES
+    Views/AChanParItem.cpp
+    Views/AChanParItemFrame.cpp
+    Views/AChanParListView.cpp
     Views/AChanParModel.cpp
+    Views/AChanPlotListView.cpp
+    Views/AnalogToolBar.cpp
+    Views/BaseParView.cpp
+    Views/BasePlotView.cpp
+    Views/ChannelPlotView.cpp
+    Views/ChanParItem.cpp
+    Views/ClcAChanParModel.cpp
     Views/Commands/ChangeTriggerCommand.cpp
     Views/Commands/ChannelCommands.cpp
     Views/Commands/MarkerCommands.cpp
     Views/Commands/SplitterCommands.cpp
     Views/Commands/ViewCommands.cpp
     Views/CurrentTimePositionView.cpp
+    Views/DChanParListView.cpp
+    Views/DChanPlotListView.cpp
     Views/DiaMarkersTable.cpp
+    Views/DigitalChannelNameItem.cpp
+    Views/DigitalToolBar.cpp
+    Views/DragDropSignalWidget.cpp
+    Views/DropInfo.cpp
     Views/EasyLibKorvaneView.cpp
+    Views/ImageView.cpp
+    Views/ListHelpers.cpp
     Views/MarkersTableModel.cpp
     Views/MouseEventsToSignals.cpp
     Views/OscillogramSaveAs.cpp
@@ -17,8 +35,18 @@ set(KORVANE_VIEWS_SOURCES
     Views/OscillogramViewModel.cpp
     Views/OscillogramViewSlots.cpp
     Views/OscillogramViewToolBar.cpp
+    Views/ParValueWidget.cpp
     Views/PlotGestures.cpp
+    Views/RowAndSplitter.cpp
+    Views/RowColors.cpp
+    Views/RowOrderCommand.cpp
+    Views/RowToolButton.cpp
+    Views/ScrollArea.cpp
+    Views/SignalNameWidget.cpp
+    Views/SimpleAChanParModel.cpp
+    Views/Splitter.cpp
     Views/TimeLine.cpp
+    Views/TimeLineTexts.cpp
     Views/TimeMeasureMode.cpp
     Views/XScale.cpp
     Views/Painters/AnalogPainter.cpp

@@ -7,6 +7,8 @@
 
 #include <QGuiApplication>
 
+#include "RatioReporter.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -96,18 +98,6 @@ void ChannelPlotScaleOne(benchmark::State& state)
 }
 BENCHMARK(ChannelPlotScaleOne)->Unit(benchmark::kMillisecond);
 
-// Keeps the time of each run, so that the ratios can be printed after the table.
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        for (const Run& run : runs)
-            times[run.benchmark_name()] = run.GetAdjustedRealTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    std::map<std::string, double> times;
-};
 } // namespace
 
 int main(int argc, char** argv)

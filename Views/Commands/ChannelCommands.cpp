@@ -12,11 +12,15 @@ QString commandText(const char* source)
 }
 } // namespace
 
+ChannelCommand::ChannelCommand(
+    const QString& text, const QSharedPointer<OscillogramViewModel>& model, int channel, QUndoCommand* parent)
+    : QUndoCommand(text, parent), m_model(model), m_channel(channel)
+{
+}
+
 SetChanHCommand::SetChanHCommand(const QSharedPointer<OscillogramViewModel>& model, int channel, int delta,
     double factor, QUndoCommand* parent)
-    : QUndoCommand(commandText("Изменить высоту сигнала"), parent)
-    , m_model(model)
-    , m_channel(channel)
+    : ChannelCommand(commandText("Изменить высоту сигнала"), model, channel, parent)
     , m_oldHeight(model ? model->chanRowHeight(channel) : 0)
     , m_newHeight(int(m_oldHeight * factor) + delta)
 {
@@ -50,9 +54,7 @@ bool SetChanHCommand::mergeWith(const QUndoCommand* other)
 
 SetChanMagCommand::SetChanMagCommand(
     const QSharedPointer<OscillogramViewModel>& model, int channel, double factor, QUndoCommand* parent)
-    : QUndoCommand(commandText("Изменить амплитуду сигнала"), parent)
-    , m_model(model)
-    , m_channel(channel)
+    : ChannelCommand(commandText("Изменить амплитуду сигнала"), model, channel, parent)
     , m_oldMag(model ? model->chanMag(channel) : 0.0)
     , m_newMag(m_oldMag * factor)
 {
@@ -72,9 +74,7 @@ void SetChanMagCommand::redo()
 
 FitChanMagCommand::FitChanMagCommand(
     const QSharedPointer<OscillogramViewModel>& model, int channel, QUndoCommand* parent)
-    : QUndoCommand(commandText("Масштабировать сигнал к области отображения"), parent)
-    , m_model(model)
-    , m_channel(channel)
+    : ChannelCommand(commandText("Масштабировать сигнал к области отображения"), model, channel, parent)
     , m_oldMag(model ? model->chanMag(channel) : 0.0)
 {
 }
@@ -93,9 +93,7 @@ void FitChanMagCommand::redo()
 
 ResetChanCommand::ResetChanCommand(
     const QSharedPointer<OscillogramViewModel>& model, int channel, QUndoCommand* parent)
-    : QUndoCommand(commandText("Отображение сигнала по умолчанию"), parent)
-    , m_model(model)
-    , m_channel(channel)
+    : ChannelCommand(commandText("Отображение сигнала по умолчанию"), model, channel, parent)
     , m_oldMag(model ? model->chanMag(channel) : 0.0)
     , m_oldHeight(model ? model->chanRowHeight(channel) : 0)
 {
@@ -117,7 +115,7 @@ void ResetChanCommand::redo()
 
 HideChanCommand::HideChanCommand(
     const QSharedPointer<OscillogramViewModel>& model, int channel, QUndoCommand* parent)
-    : QUndoCommand(commandText("Скрыть сигнал"), parent), m_model(model), m_channel(channel)
+    : ChannelCommand(commandText("Скрыть сигнал"), model, channel, parent)
 {
 }
 

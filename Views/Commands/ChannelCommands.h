@@ -11,9 +11,23 @@ class OscillogramViewModel;
 // number, so after a new record in the same view they act on that record's channel; a number the
 // record has not got is ignored by the model's setters.
 
+// What every command on a row holds: the model and the channel number.
+class KORVANE_EXPORT ChannelCommand : public QUndoCommand
+{
+public:
+    int channel() const { return m_channel; }
+
+protected:
+    ChannelCommand(const QString& text, const QSharedPointer<OscillogramViewModel>& model, int channel,
+        QUndoCommand* parent);
+
+    QSharedPointer<OscillogramViewModel> m_model;
+    int m_channel;
+};
+
 // Height of a row: new = trunc(old * factor) + delta. Consecutive commands on one channel merge,
 // so that a drag of a row's edge undoes in one step.
-class KORVANE_EXPORT SetChanHCommand : public QUndoCommand
+class KORVANE_EXPORT SetChanHCommand : public ChannelCommand
 {
 public:
     SetChanHCommand(const QSharedPointer<OscillogramViewModel>& model, int channel, int delta, double factor,
@@ -24,19 +38,16 @@ public:
     int id() const override;
     bool mergeWith(const QUndoCommand* other) override;
 
-    int channel() const { return m_channel; }
     int oldHeight() const { return m_oldHeight; }
     int newHeight() const { return m_newHeight; }
 
 private:
-    QSharedPointer<OscillogramViewModel> m_model;
-    int m_channel;
     int m_oldHeight;
     int m_newHeight;
 };
 
 // Amplitude of a row multiplied by a factor.
-class KORVANE_EXPORT SetChanMagCommand : public QUndoCommand
+class KORVANE_EXPORT SetChanMagCommand : public ChannelCommand
 {
 public:
     SetChanMagCommand(const QSharedPointer<OscillogramViewModel>& model, int channel, double factor,
@@ -46,14 +57,12 @@ public:
     void redo() override;
 
 private:
-    QSharedPointer<OscillogramViewModel> m_model;
-    int m_channel;
     double m_oldMag;
     double m_newMag;
 };
 
 // Amplitude of a row back to 1.0, the whole range of the signal in the row.
-class KORVANE_EXPORT FitChanMagCommand : public QUndoCommand
+class KORVANE_EXPORT FitChanMagCommand : public ChannelCommand
 {
 public:
     FitChanMagCommand(
@@ -63,13 +72,11 @@ public:
     void redo() override;
 
 private:
-    QSharedPointer<OscillogramViewModel> m_model;
-    int m_channel;
     double m_oldMag;
 };
 
 // Amplitude and height of a row back to their defaults.
-class KORVANE_EXPORT ResetChanCommand : public QUndoCommand
+class KORVANE_EXPORT ResetChanCommand : public ChannelCommand
 {
 public:
     ResetChanCommand(
@@ -79,14 +86,12 @@ public:
     void redo() override;
 
 private:
-    QSharedPointer<OscillogramViewModel> m_model;
-    int m_channel;
     double m_oldMag;
     int m_oldHeight;
 };
 
 // Hides a row; undo shows it again.
-class KORVANE_EXPORT HideChanCommand : public QUndoCommand
+class KORVANE_EXPORT HideChanCommand : public ChannelCommand
 {
 public:
     HideChanCommand(
@@ -94,8 +99,4 @@ public:
 
     void undo() override;
     void redo() override;
-
-private:
-    QSharedPointer<OscillogramViewModel> m_model;
-    int m_channel;
 };

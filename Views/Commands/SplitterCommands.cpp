@@ -5,34 +5,53 @@
 #include <QCoreApplication>
 
 namespace {
-QString movedText()
+QList<int> sizesOf(const QSplitter* splitter)
 {
-    return QCoreApplication::translate("UndoCommands", "Переместить разделитель");
-}
-
-void setSizes(QSplitter* splitter, const QList<int>& sizes)
-{
-    if (splitter)
-        splitter->setSizes(sizes);
+    return splitter ? splitter->sizes() : QList<int>();
 }
 } // namespace
 
+SplitterSizesCommand::SplitterSizesCommand(const QList<QSplitter*>& splitters, const QList<int>& oldSizes,
+    const QList<int>& newSizes, QUndoCommand* parent)
+    : QUndoCommand(QCoreApplication::translate("UndoCommands", "Переместить разделитель"), parent)
+    , m_oldSizes(oldSizes)
+    , m_newSizes(newSizes)
+{
+    for (QSplitter* splitter : splitters)
+        m_splitters.append(splitter);
+}
+
+void SplitterSizesCommand::apply(const QList<int>& sizes)
+{
+    for (const QPointer<QSplitter>& splitter : qAsConst(m_splitters)) {
+        if (splitter)
+            splitter->setSizes(sizes);
+    }
+}
+
+void SplitterSizesCommand::undo()
+{
+    apply(m_oldSizes);
+}
+
+void SplitterSizesCommand::redo()
+{
+    apply(m_newSizes);
+}
+
+bool SplitterSizesCommand::mergeWith(const QUndoCommand* other)
+{
+    // The stack offers only commands of the same id, which are of the same class.
+    const auto* newer = static_cast<const SplitterSizesCommand*>(other);
+    if (newer->m_splitters != m_splitters)
+        return false;
+    m_newSizes = newer->m_newSizes;
+    return true;
+}
+
 LRSplitterCommand::LRSplitterCommand(QSplitter* splitter, QUndoCommand* parent)
-    : QUndoCommand(movedText(), parent)
-    , m_splitter(splitter)
-    , m_oldSizes(splitter ? splitter->sizes() : QList<int>())
-    , m_newSizes(m_oldSizes)
+    : SplitterSizesCommand({ splitter }, sizesOf(splitter), sizesOf(splitter), parent)
 {
-}
-
-void LRSplitterCommand::undo()
-{
-    setSizes(m_splitter, m_oldSizes);
-}
-
-void LRSplitterCommand::redo()
-{
-    setSizes(m_splitter, m_newSizes);
 }
 
 int LRSplitterCommand::id() const
@@ -40,51 +59,13 @@ int LRSplitterCommand::id() const
     return CommandId::LRSplitter;
 }
 
-bool LRSplitterCommand::mergeWith(const QUndoCommand* other)
-{
-    const auto* newer = static_cast<const LRSplitterCommand*>(other);
-    if (newer->m_splitter != m_splitter)
-        return false;
-    m_newSizes = newer->m_newSizes;
-    return true;
-}
-
 ADSplitterCommand::ADSplitterCommand(
     QSplitter* listSplitter, QSplitter* imageSplitter, const QList<int>& sizes, QUndoCommand* parent)
-    : QUndoCommand(movedText(), parent)
-    , m_listSplitter(listSplitter)
-    , m_imageSplitter(imageSplitter)
-    , m_oldSizes(listSplitter ? listSplitter->sizes() : QList<int>())
-    , m_newSizes(sizes)
+    : SplitterSizesCommand({ listSplitter, imageSplitter }, sizesOf(listSplitter), sizes, parent)
 {
-}
-
-void ADSplitterCommand::apply(const QList<int>& sizes)
-{
-    setSizes(m_listSplitter, sizes);
-    setSizes(m_imageSplitter, sizes);
-}
-
-void ADSplitterCommand::undo()
-{
-    apply(m_oldSizes);
-}
-
-void ADSplitterCommand::redo()
-{
-    apply(m_newSizes);
 }
 
 int ADSplitterCommand::id() const
 {
     return CommandId::ADSplitter;
-}
-
-bool ADSplitterCommand::mergeWith(const QUndoCommand* other)
-{
-    const auto* newer = static_cast<const ADSplitterCommand*>(other);
-    if (newer->m_listSplitter != m_listSplitter || newer->m_imageSplitter != m_imageSplitter)
-        return false;
-    m_newSizes = newer->m_newSizes;
-    return true;
 }

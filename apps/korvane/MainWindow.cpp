@@ -1,7 +1,6 @@
 #include "MainWindow.h"
 
 #include "Model/EasyLibKorvane.h"
-#include "Model/Exception.h"
 #include "Model/OscillogramLoader.h"
 #include "Model/ProgressDialog.h"
 #include "Settings/KorvaneSettings.h"
@@ -108,16 +107,12 @@ void MainWindow::openRecord(const QString& path)
             emit recordOpened(view);
         },
         Qt::QueuedConnection);
-    connect(loader, &TaskBase::error, this,
-        [this, view, path, dialog, loader](QSharedPointer<Exception> exception) {
-            dialog->close();
-            // The library keeps a cancelled loader; nobody else will free it.
-            if (exception.dynamicCast<CancelledException>())
-                loader->deleteLater();
-            view->deleteLater();
-            loadEnded();
-            emit openFailed(path);
-        });
+    connect(loader, &TaskBase::error, this, [this, view, path, dialog]() {
+        dialog->close();
+        view->deleteLater();
+        loadEnded();
+        emit openFailed(path);
+    });
     dialog->open();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Model/SimpleOscillogram.h"
+#include "Views/MeasureItem.h"
 
 #include <QVector>
 
@@ -78,6 +79,17 @@ inline QSharedPointer<SimpleOscillogram> makeRecord(int analogs, int digitals, i
     record->setCountOfPreFailureSamples(pre);
     record->setCountOfPostFailureSamples(samples - pre);
     return record;
+}
+
+// A time measure with its four fields.
+inline MeasureItem measure(int start, int finish, bool complete, bool saved)
+{
+    MeasureItem item;
+    item.setStartSampleNumber(start);
+    item.setFinishSampleNumber(finish);
+    item.setComplete(complete);
+    item.setSaved(saved);
+    return item;
 }
 
 } // namespace PlotRecords

@@ -1,3 +1,4 @@
+#include "PlotRecords.h"
 #include "Settings/ColorStyle.h"
 #include "Views/DiaMarkersTable.h"
 #include "Views/MarkersTableModel.h"
@@ -10,6 +11,8 @@
 #include <QTest>
 
 namespace {
+using PlotRecords::measure;
+
 constexpr QRgb blank = 0xFF000000;
 
 Markers::Item item(int sample, const QString& time = QString())
@@ -26,16 +29,6 @@ QList<int> samplesOf(const Markers& markers)
     for (const auto& marker : markers.items())
         samples << marker.sampleNumber;
     return samples;
-}
-
-MeasureItem measure(int start, int finish, bool complete, bool saved)
-{
-    MeasureItem m;
-    m.setStartSampleNumber(start);
-    m.setFinishSampleNumber(finish);
-    m.setComplete(complete);
-    m.setSaved(saved);
-    return m;
 }
 
 // Two channels with two and one parameters, two markers.

@@ -10,15 +10,22 @@
 #include "PlotRecords.h"
 #include "Settings/KorvaneSettings.h"
 #include "Settings/SettingsProvider.h"
+#include "Views/AChanParListView.h"
+#include "Views/AChanPlotListView.h"
+#include "Views/DChanParListView.h"
+#include "Views/DChanPlotListView.h"
 #include "Views/OscillogramView.h"
 #include "Views/OscillogramViewActions.h"
 #include "Views/OscillogramViewModel.h"
 
 #include <QAction>
+#include <QFile>
+#include <QFontMetrics>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSplitter>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -72,6 +79,7 @@ private slots:
     void saveButtonCarriesTheSaveMenu();
     void saveMenuEntriesOpenTheirDialogs();
     void toolTipsAndCheckableActions();
+    void everyIconPairIsInTheResources();
     void scaleActionsCrossOver();
     void clcRecordDisablesTheAnalysisActions();
     void primaryAndSecondaryTakeTurns();
@@ -82,6 +90,11 @@ private slots:
     void areaSizesShareTheSplitter();
     void modifiedFollowsTheModelAndTheUndoStack();
     void openFillsTheView();
+    void compactAndFullModesSetTheRowHeights();
+    void listsOfAnAbsentKindAreHidden();
+    void resizeAreaSharesTheSplitters();
+    void triggerAndMarkersGoThroughUndo();
+    void splitterMoveGoesThroughUndo();
     void openOfAnUnknownFormatGivesNoLoader();
     void failedOpenLeavesTheViewEmpty();
 
@@ -118,6 +131,8 @@ void TestOscillogramView::toolBarHoldsTheBuiltToolsInOrder()
         QStringLiteral("Растянуть по времени\t"),
         QStringLiteral("Сжать по времени\t"),
         QStringLiteral("Показать все\t"),
+        QStringLiteral("Компактный режим\t"),
+        QStringLiteral("Полный режим\t"),
         QStringLiteral("|"),
         QStringLiteral("Первичные значения\tCtrl+1"),
         QStringLiteral("Вторичные значения\tCtrl+2"),
@@ -203,6 +218,20 @@ void TestOscillogramView::toolTipsAndCheckableActions()
     // The context menu of an analogue row offers the colours.
     QCOMPARE(describe(m_view->analogActionList()),
         QStringList({ QStringLiteral("Выбрать цвет\t"), QStringLiteral("Стандартный цвет\t") }));
+}
+
+void TestOscillogramView::everyIconPairIsInTheResources()
+{
+    using namespace ViewAction;
+    for (int id = 0; id < Count; ++id) {
+        const Description& row = description(Id(id));
+        if (!row.icon)
+            continue;
+        const QString plain = QLatin1String(row.icon);
+        const QString active = row.activeIcon ? QLatin1String(row.activeIcon) : plain + QStringLiteral("_2");
+        for (const QString& name : { plain, active })
+            QVERIFY2(QFile::exists(QStringLiteral(":/icons/%1.svg").arg(name)), qPrintable(name));
+    }
 }
 
 void TestOscillogramView::scaleActionsCrossOver()
@@ -317,6 +346,93 @@ void TestOscillogramView::modifiedFollowsTheModelAndTheUndoStack()
     QVERIFY(m_view->isModified());
     m_view->resetModified();
     QVERIFY(!m_view->isModified());
+}
+
+void TestOscillogramView::triggerAndMarkersGoThroughUndo()
+{
+    const auto record = recordInTriggerSecond();
+    m_view->setOscillogram(record);
+    const auto model = m_view->oscillogramViewModel();
+    model->setCurrentSample(800);
+    action(ViewAction::SetTrigger)->trigger();
+    QCOMPARE(record->countOfPreFailureSamples(), 800);
+    QVERIFY(m_view->isModified());
+    action(ViewAction::MarkerAdd)->trigger();
+    action(ViewAction::MarkerAdd)->trigger(); // a marker stands there already: nothing more
+    QCOMPARE(model->markers()->items().size(), 1);
+    QCOMPARE(m_view->undoStack()->count(), 2);
+    m_view->undoStack()->undo();
+    QCOMPARE(model->markers()->items().size(), 0);
+    m_view->undoStack()->undo();
+    QCOMPARE(record->countOfPreFailureSamples(), 500);
+}
+
+void TestOscillogramView::splitterMoveGoesThroughUndo()
+{
+    m_view->resize(900, 600);
+    m_view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_view.data()));
+    QSplitter* splitter = m_view->lrSplitter();
+    const QList<int> before = splitter->sizes();
+    splitter->setSizes({ before.at(0) + 60, before.at(1) - 60 });
+    emit splitter->splitterMoved(before.at(0) + 60, 1);
+    QCOMPARE(m_view->undoStack()->count(), 1);
+    const QList<int> moved = splitter->sizes();
+    QVERIFY(moved != before);
+    splitter->setSizes(before);
+    m_view->undoStack()->undo();
+    // The command read the sizes after the move: undo returns to where the move ended.
+    QCOMPARE(splitter->sizes(), moved);
+}
+
+void TestOscillogramView::compactAndFullModesSetTheRowHeights()
+{
+    m_view->setOscillogram(PlotRecords::makeRecord(2, 1, 1000));
+    m_view->initByDefault();
+    const auto model = m_view->oscillogramViewModel();
+    // One panel a row: compact is two text lines and a pixel, full the default row height.
+    const int line = QFontMetrics(QFont()).height();
+    action(ViewAction::CompactMode)->trigger();
+    QVERIFY(model->isCompactMode());
+    QCOMPARE(model->chanRowHeight(0), 2 * line + 1);
+    QCOMPARE(model->chanRowHeight(1), 2 * line + 1);
+    QCOMPARE(m_view->aChanPlotList()->rowHeight(0), 2 * line + 1);
+    QCOMPARE(m_view->aChanParList()->rowHeight(1), 2 * line + 1);
+    action(ViewAction::FullMode)->trigger();
+    QVERIFY(!model->isCompactMode());
+    QCOMPARE(model->chanRowHeight(0), OscillogramViewModel::defaultRowHeight());
+    QCOMPARE(m_view->aChanPlotList()->rowHeight(1), OscillogramViewModel::defaultRowHeight());
+}
+
+void TestOscillogramView::listsOfAnAbsentKindAreHidden()
+{
+    m_view->show();
+    m_view->setOscillogram(PlotRecords::makeRecord(2, 0, 1000));
+    m_view->initByDefault();
+    QVERIFY(m_view->aChanPlotList()->isVisible());
+    QVERIFY(!m_view->dChanPlotList()->isVisible());
+    QVERIFY(!m_view->dChanParList()->isVisible());
+    m_view->setOscillogram(PlotRecords::makeRecord(0, 3, 1000));
+    m_view->initByDefault();
+    QVERIFY(!m_view->aChanPlotList()->isVisible());
+    QVERIFY(!m_view->aChanParList()->isVisible());
+    QVERIFY(m_view->dChanPlotList()->isVisible());
+}
+
+void TestOscillogramView::resizeAreaSharesTheSplitters()
+{
+    m_view->resize(900, 700);
+    m_view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_view.data()));
+    m_view->setOscillogram(PlotRecords::makeRecord(12, 3, 1000));
+    m_view->initByDefault();
+    auto* image = qobject_cast<QSplitter*>(m_view->aChanPlotList()->parentWidget());
+    auto* list = qobject_cast<QSplitter*>(m_view->aChanParList()->parentWidget());
+    QVERIFY(image && list);
+    // Twelve analogue rows overflow, three discrete ones fit in 30 %: they get their height.
+    const QList<int> sizes = image->sizes();
+    QCOMPARE(sizes.at(1), m_view->dChanPlotList()->contentHeight());
+    QCOMPARE(list->sizes(), sizes);
 }
 
 void TestOscillogramView::openFillsTheView()

@@ -9,6 +9,7 @@
 #include "Views/PlotGestures.h"
 #include "Views/TimeMeasureMode.h"
 
+#include <QContextMenuEvent>
 #include <QScrollBar>
 #include <QSettings>
 #include <QSignalSpy>
@@ -18,6 +19,17 @@
 #include <QWidget>
 
 namespace {
+// A row inside the plot area that counts the context menus it was asked for.
+class MenuRow : public QWidget
+{
+public:
+    using QWidget::QWidget;
+    int menus = 0;
+
+protected:
+    void contextMenuEvent(QContextMenuEvent*) override { ++menus; }
+};
+
 // A plot area of this width in pixels, over a record of this many samples.
 constexpr int areaWidth = 400;
 constexpr int recordSamples = 10000;
@@ -50,6 +62,7 @@ private slots:
     void scrollBarAndStartSampleAreTied();
     void zoomKeepsTheCurrentSampleInTheMiddle();
     void wholeRecordInViewLeavesNoScrolling();
+    void contextMenuOpensAfterAClickButNotAfterAZoom();
 
 private:
     void press(Qt::MouseButton button, int x) { QTest::mousePress(m_area, button, {}, QPoint(x, 20)); }
@@ -288,6 +301,22 @@ void TestPlotGestures::wholeRecordInViewLeavesNoScrolling()
     QVERIFY(m_model->xScale() * recordSamples <= areaWidth);
     QCOMPARE(m_horizontal->maximum(), 0);
     QCOMPARE(m_model->startSampleNumber(), 0);
+}
+
+void TestPlotGestures::contextMenuOpensAfterAClickButNotAfterAZoom()
+{
+    auto* row = new MenuRow(m_area);
+    row->setGeometry(0, 0, areaWidth, 50);
+    row->show();
+    // A right click asks the row for its menu once, whether the platform asks on press or release.
+    QTest::mouseClick(row, Qt::RightButton, {}, QPoint(100, 20));
+    QCOMPARE(row->menus, 1);
+    // A right drag that zooms asks for none.
+    QTest::mousePress(row, Qt::RightButton, {}, QPoint(100, 20));
+    QTest::mouseMove(row, QPoint(120, 20));
+    QTest::mouseRelease(row, Qt::RightButton, {}, QPoint(120, 20));
+    QCOMPARE(m_model->xScale(), 1.0 / 1.1);
+    QCOMPARE(row->menus, 1);
 }
 
 QTEST_MAIN(TestPlotGestures)

@@ -13,6 +13,8 @@
 #include <functional>
 
 namespace {
+using PlotRecords::measure;
+
 // The ruler's own colours and geometry.
 const QRgb rulerBackground = qRgb(192, 220, 243);
 const QRgb ink = qRgb(0, 0, 0);
@@ -65,10 +67,11 @@ struct Ruler
 };
 
 // The ruler's background with one text drawn as the ruler draws its labels.
-QImage labelAlone(const QRectF& rect, int flags, const QString& text, QRgb color = ink)
+QImage labelAlone(
+    const QRectF& rect, int flags, const QString& text, QRgb color = ink, QRgb background = rulerBackground)
 {
     QImage image(width, height, QImage::Format_ARGB32);
-    image.fill(rulerBackground);
+    image.fill(background);
     QPainter painter(&image);
     painter.setFont(rulerFont());
     painter.setPen(QColor::fromRgb(color));
@@ -89,14 +92,21 @@ bool sameColumns(
     return true;
 }
 
+// Whether the columns show the text where QPainter::drawText places it in the rectangle with the
+// flags, and nothing else.
+bool labelShown(const QImage& image, const QRectF& rect, int flags, const QString& text, QRgb color, int x0,
+    int x1, int y0 = 0, int y1 = height - 1, QRgb background = rulerBackground)
+{
+    return sameColumns(image, labelAlone(rect, flags, text, color, background), x0, x1, y0, y1);
+}
+
 // The tick label of a tick at column c stands right-aligned in the rectangle from c - 103, of
 // width 99; its text ends 4 pixels left of the tick. Compares the 60 columns before that end,
 // which hold the text and nothing else.
 bool tickLabelIs(const QImage& image, double c, const QString& text)
 {
-    const QImage expected
-        = labelAlone(QRectF(c - 103.0, yMid - 5.0, 99.0, 9.0), Qt::AlignRight | Qt::AlignVCenter, text);
-    return sameColumns(image, expected, int(c) - 64, int(c) - 4);
+    return labelShown(image, QRectF(c - 103.0, yMid - 5.0, 99.0, 9.0), Qt::AlignRight | Qt::AlignVCenter,
+        text, ink, int(c) - 64, int(c) - 4);
 }
 
 // Columns of the bottom row in the tick colour: the tick lines, which reach the bottom of the
@@ -130,15 +140,6 @@ double lengthSpace(const QString& text)
 // The rows of the labels above the strip, clear of the arrows of the measures.
 constexpr int labelRows = 20;
 
-MeasureItem measure(int start, int finish, bool complete, bool saved)
-{
-    MeasureItem item;
-    item.setStartSampleNumber(start);
-    item.setFinishSampleNumber(finish);
-    item.setComplete(complete);
-    item.setSaved(saved);
-    return item;
-}
 } // namespace
 
 class TestTimeLine : public QObject
@@ -199,6 +200,9 @@ void TestTimeLine::withoutRecordOnlyTheBackground()
     QImage image(width, height, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
     line.drawTimeLine(&image, TimeLineDrawInfo());
+    QCOMPARE(line.sampleRate(), 0.0);
+    QCOMPARE(line.timeForSample(0, 10), 0.0);
+    QCOMPARE(line.lengthMeasure(0, 10), 0.0);
     QCOMPARE(image.pixel(0, 0), rulerBackground);
     QCOMPARE(image.pixel(width - 1, height - 1), rulerBackground);
 
@@ -359,9 +363,8 @@ void TestTimeLine::endTimeInEachDisplayMode()
     const QImage image = ruler.draw();
     // The end time right of column N * x + 1, in a box 9 pixels wider than the text.
     const double textWidth = QFontMetrics(rulerFont()).horizontalAdvance(endTime) + 9.0;
-    const QImage expected
-        = labelAlone(QRectF(501.0, yMid - 5.0, textWidth, 9.0), Qt::AlignRight | Qt::AlignVCenter, endTime);
-    QVERIFY(sameColumns(image, expected, 501, width - 1));
+    QVERIFY(labelShown(image, QRectF(501.0, yMid - 5.0, textWidth, 9.0), Qt::AlignRight | Qt::AlignVCenter,
+        endTime, ink, 501, width - 1));
     // The millisecond labels stay as they are in every mode.
     QVERIFY(tickLabelIs(image, 400, QStringLiteral("100")));
     QVERIFY(tickLabelIs(image, 200, QStringLiteral("-100")));
@@ -420,18 +423,9 @@ void TestTimeLine::mergedRecordsGetNumberedFlags()
     QCOMPARE(image.pixel(5, 3), green);
     QCOMPARE(image.pixel(458, int(yTop) + 3), rulerBackground);
     QCOMPARE(image.pixel(450, int(yTop) + 3), ink);
-    // The numbers 1 and 2 in the flags, right-aligned in 8 pixels.
-    const QRectF box(450.0, 2.0, 8.0, yTop - 1.0 - 2.0);
-    QImage expected(width, height, QImage::Format_ARGB32);
-    expected.fill(green);
-    QPainter painter(&expected);
-    painter.setFont(rulerFont());
-    painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("2"));
-    painter.end();
-    for (int x = 451; x < 458; ++x) {
-        for (int y = 2; y < int(yTop) - 1; ++y)
-            QCOMPARE(image.pixel(x, y), expected.pixel(x, y));
-    }
+    // The number 2 in the second flag, right-aligned in 8 pixels.
+    QVERIFY(labelShown(image, QRectF(450.0, 2.0, 8.0, yTop - 1.0 - 2.0), Qt::AlignRight | Qt::AlignVCenter,
+        QStringLiteral("2"), ink, 451, 457, 2, int(yTop) - 2, green));
 }
 
 void TestTimeLine::measureInProgressShowsItsStart()
@@ -441,9 +435,8 @@ void TestTimeLine::measureInProgressShowsItsStart()
     const QImage image = ruler.draw();
     QVERIFY(verticalLine(image, 450, 0, int(yBottom), unsavedMeasure));
     // 150 samples after the trigger, three decimals, from 2 pixels right of the line.
-    const QImage expected = labelAlone(QRectF(452.0, 2.0, 99.0, yTop - 3.0), Qt::AlignLeft | Qt::AlignTop,
-        QStringLiteral("150.000"), unsavedMeasure);
-    QVERIFY(sameColumns(image, expected, 452, 540, 0, labelRows));
+    QVERIFY(labelShown(image, QRectF(452.0, 2.0, 99.0, yTop - 3.0), Qt::AlignLeft | Qt::AlignTop,
+        QStringLiteral("150.000"), unsavedMeasure, 452, 540, 0, labelRows));
 }
 
 void TestTimeLine::measureLengthInsideTheArrow()
@@ -460,9 +453,8 @@ void TestTimeLine::measureLengthInsideTheArrow()
     QCOMPARE(image.pixel(402, y - 2), unsavedMeasure);
     QCOMPARE(image.pixel(648, y + 2), unsavedMeasure);
     // The text centred between the lines.
-    const QImage expected = labelAlone(QRectF(400.0, 2.0, 249.0, yTop - 3.0), Qt::AlignHCenter | Qt::AlignTop,
-        QStringLiteral("250.000"), unsavedMeasure);
-    QVERIFY(sameColumns(image, expected, 480, 570, 0, labelRows));
+    QVERIFY(labelShown(image, QRectF(400.0, 2.0, 249.0, yTop - 3.0), Qt::AlignHCenter | Qt::AlignTop,
+        QStringLiteral("250.000"), unsavedMeasure, 480, 570, 0, labelRows));
 }
 
 void TestTimeLine::measureLengthOutsideWhenTextIsWider_data()
@@ -485,18 +477,17 @@ void TestTimeLine::measureLengthOutsideWhenTextIsWider()
     ruler.model->setTimeMeasures({ measure(400, finish, true, true) });
     const QImage image = ruler.draw();
     const QString text = QString::number(distance, 'f', 3);
-    // 1 pixel per sample at 1000 Hz: the distance in pixels is the length in ms.
-    const QImage inside
-        = labelAlone(QRectF(400.0, 2.0, distance - 1.0, yTop - 3.0), Qt::AlignHCenter | Qt::AlignTop, text);
-    // Beyond the right line, 10 pixels on: the record's 2699 ms after the trigger leave room.
-    const QImage outside
-        = labelAlone(QRectF(finish + 10.0, 2.0, 99.0, yTop - 3.0), Qt::AlignLeft | Qt::AlignTop, text);
+    // 1 pixel per sample at 1000 Hz: the distance in pixels is the length in ms. Outside, the text
+    // stands beyond the right line, 10 pixels on: the record's 2699 ms after the trigger leave room.
+    const QImage nothing = labelAlone({}, 0, QString());
     if (distance <= lengthSpace(text)) {
-        QVERIFY(sameColumns(image, outside, finish + 10, finish + 100, 0, labelRows));
-        QVERIFY(sameColumns(image, labelAlone({}, 0, QString()), finish + 1, finish + 9, 0, labelRows));
+        QVERIFY(labelShown(image, QRectF(finish + 10.0, 2.0, 99.0, yTop - 3.0), Qt::AlignLeft | Qt::AlignTop,
+            text, ink, finish + 10, finish + 100, 0, labelRows));
+        QVERIFY(sameColumns(image, nothing, finish + 1, finish + 8, 0, labelRows));
     } else {
-        QVERIFY(sameColumns(image, inside, 401, finish - 1, 0, labelRows));
-        QVERIFY(sameColumns(image, labelAlone({}, 0, QString()), finish + 1, finish + 100, 0, labelRows));
+        QVERIFY(labelShown(image, QRectF(400.0, 2.0, distance - 1.0, yTop - 3.0),
+            Qt::AlignHCenter | Qt::AlignTop, text, ink, 401, finish - 1, 0, labelRows));
+        QVERIFY(sameColumns(image, nothing, finish + 1, finish + 100, 0, labelRows));
     }
 }
 
@@ -510,9 +501,8 @@ void TestTimeLine::measureFinishedBeforeItsStart()
     const QString text = QStringLiteral("10.000");
     const double space = lengthSpace(text);
     QVERIFY(410 + space > 419.0);
-    const QImage expected
-        = labelAlone(QRectF(400.0 - space + 10.0, 2.0, 99.0, yTop - 3.0), Qt::AlignLeft | Qt::AlignTop, text);
-    QVERIFY(sameColumns(image, expected, int(400.0 - space + 10.0), 398, 0, labelRows));
+    QVERIFY(labelShown(image, QRectF(400.0 - space + 10.0, 2.0, 99.0, yTop - 3.0),
+        Qt::AlignLeft | Qt::AlignTop, text, ink, int(400.0 - space + 10.0), 398, 0, labelRows));
 }
 
 void TestTimeLine::savedMeasureIsBlack()
@@ -532,9 +522,8 @@ void TestTimeLine::markerLineAndTime()
     QCOMPARE(markerLine, 0xFF915695u);
     QVERIFY(verticalLine(image, 520, 0, int(yBottom), markerLine));
     // The marker's time: 220 ms after the trigger, two decimals.
-    const QImage expected = labelAlone(QRectF(522.0, 2.0, 99.0, yTop - 3.0), Qt::AlignLeft | Qt::AlignTop,
-        QStringLiteral("220.00"), markerLine);
-    QVERIFY(sameColumns(image, expected, 522, 595, 0, labelRows));
+    QVERIFY(labelShown(image, QRectF(522.0, 2.0, 99.0, yTop - 3.0), Qt::AlignLeft | Qt::AlignTop,
+        QStringLiteral("220.00"), markerLine, 522, 595, 0, labelRows));
 }
 
 void TestTimeLine::drawInfoHidesMeasuresAndMarkers()

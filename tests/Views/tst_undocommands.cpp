@@ -33,6 +33,10 @@ class TestUndoCommands : public QObject
 {
     Q_OBJECT
 private slots:
+    // Each test starts with a fresh record, stack and producer of commands.
+    void init();
+    void cleanup();
+
     void idsOfTheMergingCommands();
 
     void triggerMovesAndComesBack();
@@ -57,48 +61,63 @@ private slots:
     void missingChannelChangesNothing();
     void commandsWithoutModelDoNothing();
     void commandsActOnANewRecordByNumber();
+
+private:
+    QSharedPointer<OscillogramViewModel> m_model;
+    QScopedPointer<QUndoStack> m_stack;
+    QScopedPointer<ViewCommands> m_commands;
 };
+
+void TestUndoCommands::init()
+{
+    m_model = makeModel();
+    m_stack.reset(new QUndoStack);
+    m_commands.reset(new ViewCommands(m_stack.data()));
+    m_commands->setOscillogramViewModel(m_model);
+}
+
+void TestUndoCommands::cleanup()
+{
+    m_commands.reset();
+    m_stack.reset();
+    m_model.reset();
+}
 
 void TestUndoCommands::idsOfTheMergingCommands()
 {
-    const auto model = makeModel();
     QSplitter a;
     QSplitter b;
-    QCOMPARE(SetChanHCommand(model, 0, 0, 1.0).id(), 0);
+    QCOMPARE(SetChanHCommand(m_model, 0, 0, 1.0).id(), 0);
     QCOMPARE(LRSplitterCommand(&a).id(), 1);
     QCOMPARE(ADSplitterCommand(&a, &b, {}).id(), 2);
-    QCOMPARE(ChangeTriggerCommand(model, 0).id(), -1);
-    QCOMPARE(SetChanMagCommand(model, 0, 2.0).id(), -1);
-    QCOMPARE(FitChanMagCommand(model, 0).id(), -1);
-    QCOMPARE(ResetChanCommand(model, 0).id(), -1);
-    QCOMPARE(HideChanCommand(model, 0).id(), -1);
-    QCOMPARE(AppendMarkerCommand(model).id(), -1);
-    QCOMPARE(ClearMarkersCommand(model).id(), -1);
+    QCOMPARE(ChangeTriggerCommand(m_model, 0).id(), -1);
+    QCOMPARE(SetChanMagCommand(m_model, 0, 2.0).id(), -1);
+    QCOMPARE(FitChanMagCommand(m_model, 0).id(), -1);
+    QCOMPARE(ResetChanCommand(m_model, 0).id(), -1);
+    QCOMPARE(HideChanCommand(m_model, 0).id(), -1);
+    QCOMPARE(AppendMarkerCommand(m_model).id(), -1);
+    QCOMPARE(ClearMarkersCommand(m_model).id(), -1);
 }
 
 void TestUndoCommands::triggerMovesAndComesBack()
 {
-    const auto model = makeModel();
-    const auto record = model->oscillogram();
+    const auto record = m_model->oscillogram();
     const PreciseDateTime before = record->triggerTime();
-    QUndoStack stack;
-    ViewCommands commands(&stack);
-    commands.setOscillogramViewModel(model);
-    QSignalSpy spy(model.data(), &OscillogramViewModel::triggerTimeChanged);
+    QSignalSpy spy(m_model.data(), &OscillogramViewModel::triggerTimeChanged);
 
-    commands.slotSetTriggerTime(300);
+    m_commands->slotSetTriggerTime(300);
     QCOMPARE(spy.count(), 1);
     QCOMPARE(record->countOfPreFailureSamples(), 300);
     QCOMPARE(record->countOfPostFailureSamples(), 700);
     // 200 samples at 1000 Hz after the old trigger.
     QCOMPARE(before.uSecsTo(record->triggerTime()), 200000LL);
 
-    stack.undo();
+    m_stack->undo();
     QCOMPARE(spy.count(), 2);
     QCOMPARE(record->countOfPreFailureSamples(), 100);
     QCOMPARE(before.uSecsTo(record->triggerTime()), 0LL);
 
-    stack.redo();
+    m_stack->redo();
     QCOMPARE(spy.count(), 3);
     QCOMPARE(record->countOfPreFailureSamples(), 300);
 }
@@ -122,241 +141,201 @@ void TestUndoCommands::heightFollowsFactorAndDelta()
     QFETCH(int, delta);
     QFETCH(double, factor);
     QFETCH(int, expected);
-    const auto model = makeModel();
-    model->setChanRowMinHeight(1, 10);
-    model->setChanRowHeight(1, start);
-    QUndoStack stack;
-    QSignalSpy spy(model.data(), &OscillogramViewModel::channelRowHeightChanged);
+    m_model->setChanRowMinHeight(1, 10);
+    m_model->setChanRowHeight(1, start);
+    QSignalSpy spy(m_model.data(), &OscillogramViewModel::channelRowHeightChanged);
 
-    stack.push(new SetChanHCommand(model, 1, delta, factor));
-    QCOMPARE(model->chanRowHeight(1), expected);
+    m_stack->push(new SetChanHCommand(m_model, 1, delta, factor));
+    QCOMPARE(m_model->chanRowHeight(1), expected);
     QCOMPARE(spy.count(), 1);
     QCOMPARE(spy.last().at(0).toInt(), 1);
     QCOMPARE(spy.last().at(1).toInt(), expected);
 
-    stack.undo();
-    QCOMPARE(model->chanRowHeight(1), start);
+    m_stack->undo();
+    QCOMPARE(m_model->chanRowHeight(1), start);
     QCOMPARE(spy.last().at(1).toInt(), start);
 
-    stack.redo();
-    QCOMPARE(model->chanRowHeight(1), expected);
+    m_stack->redo();
+    QCOMPARE(m_model->chanRowHeight(1), expected);
 }
 
 void TestUndoCommands::heightRunOnOneChannelUndoesInOneStep()
 {
-    const auto model = makeModel();
-    const int start = model->chanRowHeight(0);
-    QUndoStack stack;
-    ViewCommands commands(&stack);
-    commands.setOscillogramViewModel(model);
+    const int start = m_model->chanRowHeight(0);
 
-    commands.slotChannelHeight(0, 5);
-    commands.slotChannelHeight(0, 7);
-    commands.slotChannelHeight(0, 9);
-    QCOMPARE(model->chanRowHeight(0), start + 21);
-    QCOMPARE(stack.count(), 1);
+    m_commands->slotChannelHeight(0, 5);
+    m_commands->slotChannelHeight(0, 7);
+    m_commands->slotChannelHeight(0, 9);
+    QCOMPARE(m_model->chanRowHeight(0), start + 21);
+    QCOMPARE(m_stack->count(), 1);
 
-    stack.undo();
-    QCOMPARE(model->chanRowHeight(0), start);
-    QVERIFY(!stack.canUndo());
-    stack.redo();
-    QCOMPARE(model->chanRowHeight(0), start + 21);
+    m_stack->undo();
+    QCOMPARE(m_model->chanRowHeight(0), start);
+    QVERIFY(!m_stack->canUndo());
+    m_stack->redo();
+    QCOMPARE(m_model->chanRowHeight(0), start + 21);
 }
 
 void TestUndoCommands::heightOnTwoChannelsAlternatingUndoesInFourSteps()
 {
-    const auto model = makeModel();
-    const int start = model->chanRowHeight(0);
-    QCOMPARE(model->chanRowHeight(1), start);
-    QUndoStack stack;
-    ViewCommands commands(&stack);
-    commands.setOscillogramViewModel(model);
+    const int start = m_model->chanRowHeight(0);
+    QCOMPARE(m_model->chanRowHeight(1), start);
 
-    commands.slotChannelHeight(0, 5);
-    commands.slotChannelHeight(1, 5);
-    commands.slotChannelHeight(0, 5);
-    commands.slotChannelHeight(1, 5);
-    QCOMPARE(stack.count(), 4);
+    m_commands->slotChannelHeight(0, 5);
+    m_commands->slotChannelHeight(1, 5);
+    m_commands->slotChannelHeight(0, 5);
+    m_commands->slotChannelHeight(1, 5);
+    QCOMPARE(m_stack->count(), 4);
 
     const QList<QPair<int, int>> afterEachUndo { { start + 10, start + 5 }, { start + 5, start + 5 },
         { start + 5, start }, { start, start } };
     for (const auto& heights : afterEachUndo) {
-        stack.undo();
-        QCOMPARE(model->chanRowHeight(0), heights.first);
-        QCOMPARE(model->chanRowHeight(1), heights.second);
+        m_stack->undo();
+        QCOMPARE(m_model->chanRowHeight(0), heights.first);
+        QCOMPARE(m_model->chanRowHeight(1), heights.second);
     }
-    QVERIFY(!stack.canUndo());
+    QVERIFY(!m_stack->canUndo());
 }
 
 void TestUndoCommands::magnitudeTwiceThenUndoOnce()
 {
-    const auto model = makeModel();
-    QCOMPARE(model->chanMag(0), 1.0);
-    QUndoStack stack;
-    ViewCommands commands(&stack);
-    commands.setOscillogramViewModel(model);
-    QSignalSpy spy(model.data(), &OscillogramViewModel::chanMagChanged);
+    QCOMPARE(m_model->chanMag(0), 1.0);
+    QSignalSpy spy(m_model.data(), &OscillogramViewModel::chanMagChanged);
 
-    commands.slotIncMag(0);
-    commands.slotIncMag(0);
-    QCOMPARE(stack.count(), 2);
-    QCOMPARE(model->chanMag(0), fourThirds * fourThirds);
+    m_commands->slotIncMag(0);
+    m_commands->slotIncMag(0);
+    QCOMPARE(m_stack->count(), 2);
+    QCOMPARE(m_model->chanMag(0), fourThirds * fourThirds);
 
-    stack.undo();
-    QCOMPARE(model->chanMag(0), fourThirds);
+    m_stack->undo();
+    QCOMPARE(m_model->chanMag(0), fourThirds);
     QCOMPARE(spy.count(), 3);
     QCOMPARE(spy.last().at(0).toInt(), 0);
     QCOMPARE(spy.last().at(1).toDouble(), fourThirds);
 
-    stack.redo();
-    QCOMPARE(model->chanMag(0), fourThirds * fourThirds);
+    m_stack->redo();
+    QCOMPARE(m_model->chanMag(0), fourThirds * fourThirds);
 }
 
 void TestUndoCommands::decreaseMagnitude()
 {
-    const auto model = makeModel();
-    QUndoStack stack;
-    ViewCommands commands(&stack);
-    commands.setOscillogramViewModel(model);
 
-    commands.slotDecMag(1);
-    QCOMPARE(model->chanMag(1), 0.75);
-    QCOMPARE(model->chanMag(0), 1.0);
-    stack.undo();
-    QCOMPARE(model->chanMag(1), 1.0);
+    m_commands->slotDecMag(1);
+    QCOMPARE(m_model->chanMag(1), 0.75);
+    QCOMPARE(m_model->chanMag(0), 1.0);
+    m_stack->undo();
+    QCOMPARE(m_model->chanMag(1), 1.0);
 }
 
 void TestUndoCommands::fitMagnitudeAndBack()
 {
-    const auto model = makeModel();
-    model->setChanMag(1, 2.5);
-    QUndoStack stack;
-    ViewCommands commands(&stack);
-    commands.setOscillogramViewModel(model);
-    QSignalSpy spy(model.data(), &OscillogramViewModel::chanMagChanged);
+    m_model->setChanMag(1, 2.5);
+    QSignalSpy spy(m_model.data(), &OscillogramViewModel::chanMagChanged);
 
-    commands.slotFitMag(1);
-    QCOMPARE(model->chanMag(1), 1.0);
+    m_commands->slotFitMag(1);
+    QCOMPARE(m_model->chanMag(1), 1.0);
     QCOMPARE(spy.count(), 1);
-    stack.undo();
-    QCOMPARE(model->chanMag(1), 2.5);
+    m_stack->undo();
+    QCOMPARE(m_model->chanMag(1), 2.5);
     QCOMPARE(spy.count(), 2);
-    stack.redo();
-    QCOMPARE(model->chanMag(1), 1.0);
+    m_stack->redo();
+    QCOMPARE(m_model->chanMag(1), 1.0);
 }
 
 void TestUndoCommands::resetChannelAndBack()
 {
-    const auto model = makeModel();
-    model->setChanMag(0, 3.0);
-    model->setChanRowHeight(0, 250);
-    QUndoStack stack;
-    ViewCommands commands(&stack);
-    commands.setOscillogramViewModel(model);
-    QSignalSpy heights(model.data(), &OscillogramViewModel::channelRowHeightChanged);
-    QSignalSpy mags(model.data(), &OscillogramViewModel::chanMagChanged);
+    m_model->setChanMag(0, 3.0);
+    m_model->setChanRowHeight(0, 250);
+    QSignalSpy heights(m_model.data(), &OscillogramViewModel::channelRowHeightChanged);
+    QSignalSpy mags(m_model.data(), &OscillogramViewModel::chanMagChanged);
 
-    commands.slotReset(0);
-    QCOMPARE(model->chanMag(0), 1.0);
-    QCOMPARE(model->chanRowHeight(0), OscillogramViewModel::defaultRowHeight());
+    m_commands->slotReset(0);
+    QCOMPARE(m_model->chanMag(0), 1.0);
+    QCOMPARE(m_model->chanRowHeight(0), OscillogramViewModel::defaultRowHeight());
     QCOMPARE(heights.count(), 1);
     QCOMPARE(mags.count(), 1);
 
-    stack.undo();
-    QCOMPARE(model->chanMag(0), 3.0);
-    QCOMPARE(model->chanRowHeight(0), 250);
+    m_stack->undo();
+    QCOMPARE(m_model->chanMag(0), 3.0);
+    QCOMPARE(m_model->chanRowHeight(0), 250);
     QCOMPARE(heights.count(), 2);
     QCOMPARE(mags.count(), 2);
 }
 
 void TestUndoCommands::hideAndShowAgain()
 {
-    const auto model = makeModel();
-    QUndoStack stack;
-    ViewCommands commands(&stack);
-    commands.setOscillogramViewModel(model);
-    QSignalSpy spy(model.data(), &OscillogramViewModel::channelRowsFilterChanged);
+    QSignalSpy spy(m_model.data(), &OscillogramViewModel::channelRowsFilterChanged);
 
-    commands.slotHide(2);
-    QVERIFY(!model->isChannelVisible(2));
-    QVERIFY(model->isChannelVisible(1));
+    m_commands->slotHide(2);
+    QVERIFY(!m_model->isChannelVisible(2));
+    QVERIFY(m_model->isChannelVisible(1));
     QCOMPARE(spy.count(), 1);
 
-    stack.undo();
-    QVERIFY(model->isChannelVisible(2));
+    m_stack->undo();
+    QVERIFY(m_model->isChannelVisible(2));
     QCOMPARE(spy.count(), 2);
     QCOMPARE(spy.last().at(0).value<QVector<bool>>(), QVector<bool>({ true, true, true }));
 
-    stack.redo();
-    QVERIFY(!model->isChannelVisible(2));
+    m_stack->redo();
+    QVERIFY(!m_model->isChannelVisible(2));
 }
 
 void TestUndoCommands::appendMarkerKeepsTheMomentOfTheClick()
 {
-    const auto model = makeModel();
-    model->setCurrentSample(350);
-    QUndoStack stack;
-    QSignalSpy spy(model.data(), &OscillogramViewModel::repaintWave);
+    m_model->setCurrentSample(350);
+    QSignalSpy spy(m_model.data(), &OscillogramViewModel::repaintWave);
 
-    auto* command = new AppendMarkerCommand(model);
+    auto* command = new AppendMarkerCommand(m_model);
     // The item is made with the command, before the current sample moves on.
-    model->setCurrentSample(600);
-    stack.push(command);
-    QCOMPARE(model->markers()->items().size(), 1);
-    QCOMPARE(model->markers()->items().first().sampleNumber, 350);
+    m_model->setCurrentSample(600);
+    m_stack->push(command);
+    QCOMPARE(m_model->markers()->items().size(), 1);
+    QCOMPARE(m_model->markers()->items().first().sampleNumber, 350);
     // 250 samples after the trigger at 1000 Hz, two decimals.
-    QCOMPARE(model->markers()->items().first().time, QStringLiteral("250.00"));
+    QCOMPARE(m_model->markers()->items().first().time, QStringLiteral("250.00"));
     QCOMPARE(spy.count(), 1);
 
-    stack.undo();
-    QVERIFY(model->markers()->items().isEmpty());
+    m_stack->undo();
+    QVERIFY(m_model->markers()->items().isEmpty());
     QCOMPARE(spy.count(), 2);
 
-    stack.redo();
-    QVERIFY(model->markers()->contains(350));
+    m_stack->redo();
+    QVERIFY(m_model->markers()->contains(350));
 }
 
 void TestUndoCommands::appendMarkerRefusedWhereOneStands()
 {
-    const auto model = makeModel();
-    QUndoStack stack;
-    ViewCommands commands(&stack);
-    commands.setOscillogramViewModel(model);
 
-    model->setCurrentSample(120);
-    commands.slotAppendMarker();
-    commands.slotAppendMarker();
-    QCOMPARE(stack.count(), 1);
-    QCOMPARE(model->markers()->items().size(), 1);
+    m_model->setCurrentSample(120);
+    m_commands->slotAppendMarker();
+    m_commands->slotAppendMarker();
+    QCOMPARE(m_stack->count(), 1);
+    QCOMPARE(m_model->markers()->items().size(), 1);
 
-    model->setCurrentSample(80);
-    commands.slotAppendMarker();
-    QCOMPARE(stack.count(), 2);
-    QCOMPARE(model->markers()->items().size(), 2);
-    QCOMPARE(model->markers()->items().first().sampleNumber, 80);
+    m_model->setCurrentSample(80);
+    m_commands->slotAppendMarker();
+    QCOMPARE(m_stack->count(), 2);
+    QCOMPARE(m_model->markers()->items().size(), 2);
+    QCOMPARE(m_model->markers()->items().first().sampleNumber, 80);
 }
 
 void TestUndoCommands::clearMarkersAndBack()
 {
-    const auto model = makeModel();
-    model->appendMarker(model->makeMarkerItem(200));
-    model->appendMarker(model->makeMarkerItem(500));
-    const QList<Markers::Item> before = model->markers()->items();
-    QUndoStack stack;
-    ViewCommands commands(&stack);
-    commands.setOscillogramViewModel(model);
-    QSignalSpy spy(model.data(), &OscillogramViewModel::repaintWave);
+    m_model->appendMarker(m_model->makeMarkerItem(200));
+    m_model->appendMarker(m_model->makeMarkerItem(500));
+    const QList<Markers::Item> before = m_model->markers()->items();
+    QSignalSpy spy(m_model.data(), &OscillogramViewModel::repaintWave);
 
-    commands.slotClearMarkers();
-    QVERIFY(model->markers()->items().isEmpty());
+    m_commands->slotClearMarkers();
+    QVERIFY(m_model->markers()->items().isEmpty());
     QCOMPARE(spy.count(), 1);
 
-    stack.undo();
-    QCOMPARE(model->markers()->items(), before);
+    m_stack->undo();
+    QCOMPARE(m_model->markers()->items(), before);
     QCOMPARE(spy.count(), 2);
 
-    stack.redo();
-    QVERIFY(model->markers()->items().isEmpty());
+    m_stack->redo();
+    QVERIFY(m_model->markers()->items().isEmpty());
 }
 
 void TestUndoCommands::lrSplitterRunUndoesToTheEndOfTheFirstMove()
@@ -437,40 +416,32 @@ void TestUndoCommands::adSplitterSetsBothAndMerges()
 void TestUndoCommands::stackDropsTheOldestBeyondItsLimit()
 {
     QCOMPARE(undoStackLimit, 500);
-    const auto model = makeModel();
-    QUndoStack stack;
-    stack.setUndoLimit(undoStackLimit);
-    ViewCommands commands(&stack);
-    commands.setOscillogramViewModel(model);
+    m_stack->setUndoLimit(undoStackLimit);
 
     // Lowering and raising in turn: after the first command the amplitude is 0.75.
     for (int i = 0; i < 501; ++i)
-        i % 2 == 0 ? commands.slotDecMag(0) : commands.slotIncMag(0);
-    QCOMPARE(stack.count(), 500);
-    while (stack.canUndo())
-        stack.undo();
+        i % 2 == 0 ? m_commands->slotDecMag(0) : m_commands->slotIncMag(0);
+    QCOMPARE(m_stack->count(), 500);
+    while (m_stack->canUndo())
+        m_stack->undo();
     // The first command was dropped, so its change stays.
-    QCOMPARE(model->chanMag(0), 0.75);
+    QCOMPARE(m_model->chanMag(0), 0.75);
 }
 
 void TestUndoCommands::missingChannelChangesNothing()
 {
-    const auto model = makeModel();
-    QUndoStack stack;
-    ViewCommands commands(&stack);
-    commands.setOscillogramViewModel(model);
-    QSignalSpy mags(model.data(), &OscillogramViewModel::chanMagChanged);
-    QSignalSpy filter(model.data(), &OscillogramViewModel::channelRowsFilterChanged);
+    QSignalSpy mags(m_model.data(), &OscillogramViewModel::chanMagChanged);
+    QSignalSpy filter(m_model.data(), &OscillogramViewModel::channelRowsFilterChanged);
 
-    commands.slotIncMag(9);
-    commands.slotFitMag(-1);
-    commands.slotHide(9);
-    stack.undo();
-    stack.undo();
-    stack.undo();
+    m_commands->slotIncMag(9);
+    m_commands->slotFitMag(-1);
+    m_commands->slotHide(9);
+    m_stack->undo();
+    m_stack->undo();
+    m_stack->undo();
     QCOMPARE(mags.count(), 0);
     QCOMPARE(filter.count(), 0);
-    QCOMPARE(model->chanMag(9), 0.0);
+    QCOMPARE(m_model->chanMag(9), 0.0);
 }
 
 void TestUndoCommands::commandsWithoutModelDoNothing()
@@ -492,21 +463,17 @@ void TestUndoCommands::commandsWithoutModelDoNothing()
 
 void TestUndoCommands::commandsActOnANewRecordByNumber()
 {
-    const auto model = makeModel();
-    QUndoStack stack;
-    ViewCommands commands(&stack);
-    commands.setOscillogramViewModel(model);
-    commands.slotIncMag(1);
-    QCOMPARE(model->chanMag(1), fourThirds);
+    m_commands->slotIncMag(1);
+    QCOMPARE(m_model->chanMag(1), fourThirds);
 
     // The stack outlives the record: its commands act on the same number of the next one.
-    model->setOscillogram(PlotRecords::makeRecord(3, 0, 500, 10));
-    QCOMPARE(model->chanMag(1), 1.0);
-    stack.redo();
-    stack.undo();
-    QCOMPARE(model->chanMag(1), 1.0);
-    stack.redo();
-    QCOMPARE(model->chanMag(1), fourThirds);
+    m_model->setOscillogram(PlotRecords::makeRecord(3, 0, 500, 10));
+    QCOMPARE(m_model->chanMag(1), 1.0);
+    m_stack->redo();
+    m_stack->undo();
+    QCOMPARE(m_model->chanMag(1), 1.0);
+    m_stack->redo();
+    QCOMPARE(m_model->chanMag(1), fourThirds);
 }
 
 QTEST_MAIN(TestUndoCommands)
