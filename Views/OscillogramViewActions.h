@@ -1,5 +1,7 @@
 #pragma once
 
+#include "korvane_export.h"
+
 // The actions of the record view: the tool bar in its order, then the context menu of an analogue
 // row. Texts are translated in the context of OscillogramView.
 namespace ViewAction {
@@ -63,6 +65,6 @@ struct Description
     bool available;
 };
 
-const Description& description(Id id);
+KORVANE_EXPORT const Description& description(Id id);
 
 } // namespace ViewAction

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Model/SimpleOscillogram.h"
-#include "Views/MeasureItem.h"
+#include "Model/MeasureItem.h"
 
 #include <QVector>
 
