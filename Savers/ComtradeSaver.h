@@ -32,6 +32,7 @@ public:
     int timeCodeHours() const { return m_timeCodeHours; }
     int localCodeHours() const { return m_localCodeHours; }
     void setHeaderData(const QString& text) { m_headerData = text; }
+    QString headerData() const { return m_headerData; }
     void setAdditionalHeaderInfo(const QStringList& lines);
     std::vector<std::string> additionalHeaderInfo() const { return m_additionalHeaderInfo; }
     void setObjList(const QList<RAS_OBJECT>& objects) { m_rasObjects = objects; }

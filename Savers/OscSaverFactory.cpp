@@ -1,6 +1,7 @@
 #include "Savers/OscSaverFactory.h"
 
 #include "Savers/ComtradeSaver.h"
+#include "Savers/CsvSaver.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -16,7 +17,9 @@ QStringList OscSaverFactory::savableSuffixes()
 
 OscSaverFactory::SaverMaker& OscSaverFactory::csvSaverMaker()
 {
-    static SaverMaker maker;
+    static SaverMaker maker = [](const QString& path, QSharedPointer<Oscillogram> oscillogram) -> WaveSaver* {
+        return new CsvSaver(path, std::move(oscillogram), false, false);
+    };
     return maker;
 }
 

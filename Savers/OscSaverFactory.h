@@ -20,14 +20,14 @@ public:
     // "zip", "csv", "gdf", in this order. A suffix whose saver isn't there is refused all the same.
     static QStringList savableSuffixes();
     static bool canSave(const QString& path);
-    // "csv" gives the CSV saver; every other suffix a ComtradeSaver set to the system's time
-    // zone. The caller owns the result, which is null for "csv" while no CSV saver is there.
+    // "csv" gives a CsvSaver; every other suffix a ComtradeSaver set to the system's time zone.
+    // The caller owns the result, which is null for "csv" once the CSV maker has been removed.
     static WaveSaver* createSaverForOsc(const QString& path, QSharedPointer<Oscillogram> oscillogram);
     // Whole hours of the system time zone from UTC now, folded into -12..12.
     static int getTz();
     static int tzHoursFromOffset(int offsetSeconds);
 
-    // The CSV saver makes itself known here; a null maker takes it away again.
+    // The maker of the CSV saver, a CsvSaver from the start; a null maker takes it away.
     static void setCsvSaverMaker(SaverMaker maker);
 
 private:

@@ -11,7 +11,7 @@ const Description descriptions[Count] = {
     { QT_TRANSLATE_NOOP("OscillogramView", "Сохранить осциллограмму как..."), nullptr, "Alt+Shift+S",
         "ic_saveAs", nullptr, false, false, true },
     { QT_TRANSLATE_NOOP("OscillogramView", "Экспорт осциллограммы как CSV..."), nullptr, "Alt+C",
-        "ic_exportCsv", nullptr, false, false, false },
+        "ic_exportCsv", nullptr, false, false, true },
     { QT_TRANSLATE_NOOP("OscillogramView", "Информация"),
         QT_TRANSLATE_NOOP("OscillogramView", "Информация об осциллограмме"), nullptr, "Emblem-notice",
         nullptr, false, false, false },

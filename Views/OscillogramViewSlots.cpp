@@ -5,9 +5,9 @@
 
 #include "Model/AnalogChannel.h"
 #include "Model/Oscillogram.h"
-#include "Model/ProgressDialog.h"
 #include "Model/SimpleOscillogram.h"
 #include "Savers/ComtradeSaver.h"
+#include "Savers/SaverRunner.h"
 #include "Settings/SettingsDialog.h"
 #include "Views/AChanParListView.h"
 #include "Views/AChanPlotListView.h"
@@ -15,15 +15,14 @@
 #include "Views/DChanParListView.h"
 #include "Views/DChanPlotListView.h"
 #include "Views/DiaMarkersTable.h"
+#include "Views/OscillogramSaveAs.h"
 #include "Views/OscillogramViewModel.h"
 
 #include <QAction>
 #include <QColorDialog>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QSplitter>
-#include <QThread>
 
 using namespace ViewAction;
 
@@ -264,42 +263,23 @@ void OscillogramView::slotSaveOscillogram()
 
 void OscillogramView::slotSaveAs(int format)
 {
-    const auto record = d->model->oscillogram();
-    if (!record || format != COMTRADE)
-        return;
-    const QString suggested = QFileInfo(record->filename()).completeBaseName() + QStringLiteral(".zip");
-    const QString path = QFileDialog::getSaveFileName(this, tr("Сохранить осциллограмму как..."),
-        QFileInfo(record->filename()).dir().filePath(suggested), tr("Архив COMTRADE (*.zip)"));
-    if (!path.isEmpty())
-        saveTo(path);
+    // A COMTRADE set written elsewhere holds the record as it stands, so the view counts as saved;
+    // a CSV table does not.
+    if (OscillogramSaveAs::run(format, *d->model, this) && format == COMTRADE)
+        resetModified();
 }
 
 bool OscillogramView::saveTo(const QString& path)
 {
     const auto record = d->model->oscillogram();
-    auto* saver = new ComtradeSaver(path, record, false, false);
+    ComtradeSaver saver(path, record, false, false);
     if (const auto simple = record.dynamicCast<SimpleOscillogram>())
-        saver->setObjList(simple->rasObjects());
-    saver->setHeaderData(record->headerContent());
-    saver->setNewTz(record->beginTime().toDateTime().offsetFromUtc() / 3600);
-    saver->setCodec(QStringLiteral("UTF-8"));
-    saver->setComtradeFormat(3);
-
-    QThread thread;
-    saver->moveToThread(&thread);
-    ProgressDialog dialog(this);
-    connect(&thread, &QThread::started, saver, &WaveSaver::saveProcess);
-    connect(
-        saver, &WaveSaver::updateProgress, &dialog, &ProgressDialog::updateProgress, Qt::QueuedConnection);
-    for (auto end : { &WaveSaver::finishProgress, &WaveSaver::writeError, &WaveSaver::cancelSave })
-        connect(saver, end, &dialog, &QDialog::accept, Qt::QueuedConnection);
-    connect(&dialog, &QDialog::rejected, &thread, &QThread::requestInterruption);
-    thread.start();
-    dialog.exec();
-    thread.quit();
-    thread.wait();
-    const bool ok = saver->isOk();
-    delete saver;
+        saver.setObjList(simple->rasObjects());
+    saver.setHeaderData(record->headerContent());
+    saver.setNewTz(record->beginTime().toDateTime().offsetFromUtc() / 3600);
+    saver.setCodec(QStringLiteral("UTF-8"));
+    saver.setComtradeFormat(3);
+    const bool ok = SaverRunner::run(saver, this) == SaverRunner::Saved;
     if (ok) {
         resetModified();
         QMessageBox::information(

@@ -79,6 +79,7 @@ void OscillogramView::connectToolBarActions()
     };
     on(Save, this, &OscillogramView::slotSaveOscillogram);
     on(SaveAs, this, [this]() { slotSaveAs(COMTRADE); });
+    on(ExportCsv, this, [this]() { slotSaveAs(CSV); });
     on(Settings, this, &OscillogramView::slotSettingsTriggered);
     // The names cross over on purpose: "Растянуть по времени" gives fewer pixels per sample.
     on(ScaleDown, model, &OscillogramViewModel::scaleDown);

@@ -29,6 +29,7 @@ set(KORVANE_VIEWS_SOURCES
     Views/ListHelpers.cpp
     Views/MarkersTableModel.cpp
     Views/MouseEventsToSignals.cpp
+    Views/OscillogramSaveAs.cpp
     Views/OscillogramView.cpp
     Views/OscillogramViewActions.cpp
     Views/OscillogramViewModel.cpp

@@ -19,15 +19,6 @@
 using namespace KorvaneTest;
 
 namespace {
-struct SaveRun
-{
-    bool ok = false;
-    int finished = 0;
-    int writeErrors = 0;
-    int cancels = 0;
-    QList<QPair<QString, double>> progress;
-};
-
 using Configure = std::function<void(ComtradeSaver&)>;
 
 SaveRun save(const QSharedPointer<Oscillogram>& record, const QString& target,
@@ -38,23 +29,10 @@ SaveRun save(const QSharedPointer<Oscillogram>& record, const QString& target,
     if (configure)
         configure(saver);
     SaveRun run;
-    QObject::connect(&saver, &WaveSaver::updateProgress, [&run](const QString& stage, double fraction) {
-        run.progress.append({ stage, fraction });
-    });
-    QObject::connect(&saver, &WaveSaver::finishProgress, [&run]() { ++run.finished; });
-    QObject::connect(&saver, &WaveSaver::writeError, [&run]() { ++run.writeErrors; });
-    QObject::connect(&saver, &WaveSaver::cancelSave, [&run]() { ++run.cancels; });
+    watchSaver(saver, run);
     saver.saveProcess();
     run.ok = saver.isOk();
     return run;
-}
-
-MeasureItem range(int start, int finish)
-{
-    MeasureItem item;
-    item.setStartSampleNumber(start);
-    item.setFinishSampleNumber(finish);
-    return item;
 }
 
 // The raw number a format holds for a stored raw value: truncated toward zero into integers,
@@ -100,7 +78,7 @@ UserSettingsJson viewState()
     json.discreteSignalOrder = { 4, 3 };
     json.selectedSignals = { true, false, true, false, false };
     json.customColors = { {}, { 65535, 0, 0, 65535 }, {}, {}, {} };
-    MeasureItem measure = range(10, 40);
+    MeasureItem measure = sampleRange(10, 40);
     measure.setComplete(true);
     json.measures = { measure };
     json.markers = { 12, 99 };
@@ -419,7 +397,7 @@ private slots:
             original, target,
             [](ComtradeSaver& saver) {
                 saver.setNewTz(0);
-                saver.setTimeRange(range(150, 50));
+                saver.setTimeRange(sampleRange(150, 50));
             },
             false, true);
         QVERIFY(run.ok);
@@ -442,7 +420,7 @@ private slots:
     {
         const auto original = makeSaverRecord({});
         ComtradeSaver saver(freshPath(), original, false, true);
-        saver.setTimeRange(range(61, 149));
+        saver.setTimeRange(sampleRange(61, 149));
         QCOMPARE(saver.initComtradeBasics(), 0);
         QCOMPARE(saver.writeComtradeBasics(), 0);
         const QByteArray inf = readFile(QDir(saver.temporaryPath()).filePath("file.INF"));
@@ -504,7 +482,7 @@ private slots:
         ComtradeSaver whole(freshPath(), original, false, false);
         QCOMPARE(whole.sampleEnd(), 199);
         ComtradeSaver part(freshPath(), original, false, true);
-        part.setTimeRange(range(20, 70));
+        part.setTimeRange(sampleRange(20, 70));
         QCOMPARE(part.sampleEnd(), 49);
         QCOMPARE(part.countSamples(), 50);
     }

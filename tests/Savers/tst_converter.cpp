@@ -120,6 +120,29 @@ private slots:
         QVERIFY(entries[2].data.startsWith(QStringLiteral("Малая ПС,Рег 1,2013\r\n").toUtf8()));
     }
 
+    // A CSV destination gives the plain table in UTF-8 with the defaults of the CSV saver: primary
+    // values, semicolons and a Russian comma. Ia is held secondary (raw 10s - 30, × 0.5 + 1) and
+    // shown primary by × 600 / 5: 600s - 1680. Ub is s² × 0.01 kV. Times from the trigger at sample 5.
+    void convertsIntoACsvTable()
+    {
+        QString error;
+        const QString target = path(QStringLiteral("table.CSV"));
+        QVERIFY(Converter::convertOsc({ m_source, target }, error));
+        QString expected = QStringLiteral("step;time;Ia;Ub;Пуск\n");
+        const QStringList ub
+            = { "0", "0,01", "0,04", "0,09", "0,16", "0,25", "0,36", "0,49", "0,64", "0,81" };
+        const QStringList times
+            = { "-0,005", "-0,004", "-0,003", "-0,002", "-0,001", "0", "0,001", "0,002", "0,003", "0,004" };
+        for (int s = 0; s < smallSetSamples; ++s)
+            expected += QStringLiteral("%1;%2;%3;%4;%5\n")
+                            .arg(s)
+                            .arg(times.at(s))
+                            .arg(600 * s - 1680)
+                            .arg(ub.at(s))
+                            .arg(smallSetBit(s) ? 1 : 0);
+        QCOMPARE(QString::fromUtf8(readFile(target)), expected);
+    }
+
     void anUnwritableDestinationIsOneMessage()
     {
         // A folder in the place of the target can't be replaced.

@@ -1,5 +1,6 @@
 #include "SaverFixture.h"
 #include "Savers/ComtradeSaver.h"
+#include "Savers/CsvSaver.h"
 #include "Savers/OscSaverFactory.h"
 
 #include <QTest>
@@ -30,6 +31,21 @@ class TestOscSaverFactory : public QObject
 {
     Q_OBJECT
 private slots:
+    // First, while no test has replaced the CSV maker yet.
+    void csvGivesACsvSaverFromTheStart()
+    {
+        QVERIFY(OscSaverFactory::canSave(QStringLiteral("a.csv")));
+        QVERIFY(OscSaverFactory::canSave(QStringLiteral("a.CSV")));
+        const auto record = KorvaneTest::makeSaverRecord({});
+        std::unique_ptr<WaveSaver> saver(
+            OscSaverFactory::createSaverForOsc(QStringLiteral("/tmp/x.CSV"), record));
+        auto* csv = dynamic_cast<CsvSaver*>(saver.get());
+        QVERIFY(csv);
+        QCOMPARE(csv->fileName(), QStringLiteral("/tmp/x.CSV"));
+        QVERIFY(!csv->onlySelectedChannels());
+        QVERIFY(!csv->useTimeRange());
+    }
+
     void cleanup()
     {
         OscSaverFactory::setCsvSaverMaker(nullptr);

@@ -21,7 +21,9 @@
 #include <QAction>
 #include <QFile>
 #include <QFontMetrics>
+#include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QSplitter>
 #include <QStandardPaths>
@@ -75,6 +77,7 @@ private slots:
     void constructionDefaults();
     void toolBarHoldsTheBuiltToolsInOrder();
     void saveButtonCarriesTheSaveMenu();
+    void saveMenuEntriesOpenTheirDialogs();
     void toolTipsAndCheckableActions();
     void everyIconPairIsInTheResources();
     void scaleActionsCrossOver();
@@ -162,7 +165,40 @@ void TestOscillogramView::saveButtonCarriesTheSaveMenu()
     QCOMPARE(button->defaultAction()->text(), QStringLiteral("Сохранить осциллограмму"));
     QCOMPARE(button->defaultAction()->shortcut(), QKeySequence(QStringLiteral("Alt+S")));
     QCOMPARE(describe(button->menu()->actions()),
-        QStringList({ QStringLiteral("Сохранить осциллограмму как...\tAlt+Shift+S") }));
+        QStringList({ QStringLiteral("Сохранить осциллограмму как...\tAlt+Shift+S"),
+            QStringLiteral("Экспорт осциллограммы как CSV...\tAlt+C") }));
+}
+
+// Each entry of the save menu opens its dialog; the CSV one writes the table of the record.
+void TestOscillogramView::saveMenuEntriesOpenTheirDialogs()
+{
+    m_view->setOscillogram(PlotRecords::makeRecord(1, 1, 3));
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("view.csv"));
+    QString comtradeDialog;
+    whenModalOpens([&comtradeDialog](QWidget* modal) {
+        comtradeDialog = QString::fromLatin1(modal->metaObject()->className());
+        static_cast<QDialog*>(modal)->reject();
+    });
+    action(ViewAction::SaveAs)->trigger();
+    QCOMPARE(comtradeDialog, QStringLiteral("ComtradeSaveSettings"));
+
+    QString csvDialog;
+    whenModalOpens([&csvDialog, path](QWidget* modal) {
+        csvDialog = QString::fromLatin1(modal->metaObject()->className());
+        modal->findChild<QLineEdit*>(QStringLiteral("le_path"))->setText(path);
+        QTest::mouseClick(modal->findChild<QPushButton*>(QStringLiteral("pb_save")), Qt::LeftButton);
+    });
+    SeenBox seen;
+    closeNextMessageBox(seen);
+    QVERIFY(action(ViewAction::ExportCsv)->isEnabled());
+    action(ViewAction::ExportCsv)->trigger();
+    QCOMPARE(csvDialog, QStringLiteral("CsvSaveSettings"));
+    QCOMPARE(seen.text, QStringLiteral("Осциллограмма сохранена"));
+    const QList<QByteArray> lines = KorvaneTest::readFile(path).split('\n');
+    // The header, three rows and the empty piece after the last line feed.
+    QCOMPARE(lines.size(), 5);
+    QVERIFY(lines.first().startsWith("step;time;"));
 }
 
 void TestOscillogramView::toolTipsAndCheckableActions()

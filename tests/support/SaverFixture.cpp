@@ -4,12 +4,31 @@
 #include "Loaders/ComtradeLoader.h"
 #include "Model/Exception.h"
 #include "Model/OscillogramData.h"
+#include "Savers/WaveSaver.h"
 
 #include <QDir>
 
 #include <QtMath>
 
 namespace KorvaneTest {
+
+void watchSaver(WaveSaver& saver, SaveRun& run)
+{
+    QObject::connect(&saver, &WaveSaver::updateProgress, [&run](const QString& stage, double fraction) {
+        run.progress.append({ stage, fraction });
+    });
+    QObject::connect(&saver, &WaveSaver::finishProgress, [&run]() { ++run.finished; });
+    QObject::connect(&saver, &WaveSaver::writeError, [&run]() { ++run.writeErrors; });
+    QObject::connect(&saver, &WaveSaver::cancelSave, [&run]() { ++run.cancels; });
+}
+
+MeasureItem sampleRange(int start, int finish)
+{
+    MeasureItem item;
+    item.setStartSampleNumber(start);
+    item.setFinishSampleNumber(finish);
+    return item;
+}
 
 double saverRaw(int sample, int channel)
 {

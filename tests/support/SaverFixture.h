@@ -4,10 +4,31 @@
 #include "Model/ComtradeOscillogram.h"
 #include "Model/DataType.h"
 #include "Model/SimpleOscillogram.h"
+#include "Model/MeasureItem.h"
+
+#include <QList>
+#include <QPair>
 
 #include <QSharedPointer>
 
+class WaveSaver;
+
 namespace KorvaneTest {
+
+// What a saver's signals told during one run.
+struct SaveRun
+{
+    bool ok = false;
+    int finished = 0;
+    int writeErrors = 0;
+    int cancels = 0;
+    QList<QPair<QString, double>> progress;
+};
+// Notes the saver's signals in the run, which must outlive the saver.
+void watchSaver(WaveSaver& saver, SaveRun& run);
+
+// A time measure from start to finish, in the order given.
+MeasureItem sampleRange(int start, int finish);
 
 // Everything a saver test chooses about a record built in memory.
 struct SaverRecordDescription
