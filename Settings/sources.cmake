@@ -5,4 +5,5 @@ set(KORVANE_SETTINGS_SOURCES
     Settings/KorvaneSettingsWidget.cpp
     Settings/SettingsDialog.cpp
     Settings/SettingsProvider.cpp
+    Settings/Translation.cpp
 )

@@ -3,6 +3,8 @@
 
 #include "Model/EasyLibKorvane.h"
 #include "Savers/Converter.h"
+#include "Settings/KorvaneSettings.h"
+#include "Settings/Translation.h"
 #include "apps/ReadingOption.h"
 
 #include <QCoreApplication>
@@ -12,6 +14,8 @@ int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
     EasyLibKorvane::initialize();
+    // The reasons of a failure come in the language the user chose in the settings.
+    KorvaneTranslation::install(KorvaneSettings());
     QString error;
     if (Converter::convertOsc(applyReadingOption(app.arguments().mid(1)), error))
         return 0;

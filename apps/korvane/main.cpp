@@ -12,16 +12,20 @@
 #include "Loaders/ComtradeLoader.h"
 #include "Model/EasyLibKorvane.h"
 #include "Settings/KorvaneSettings.h"
+#include "Settings/Translation.h"
 
 #include <QApplication>
 #include <QTextStream>
 
 namespace {
-// Every mode reads COMTRADE as the user chose in the settings: compatibly unless turned off.
+// Every mode speaks the language and reads COMTRADE as the user chose in the settings: compatibly
+// unless turned off.
 void startLibrary()
 {
     EasyLibKorvane::initialize();
-    ComtradeLoader::setDefaultCompatible(KorvaneSettings().isCompatibleLoading());
+    const KorvaneSettings settings;
+    KorvaneTranslation::install(settings);
+    ComtradeLoader::setDefaultCompatible(settings.isCompatibleLoading());
 }
 
 int printSummary(const QString& file)
