@@ -1276,7 +1276,7 @@ calculator, ms (20 - 80):</translation>
     </message>
     <message>
         <source>Ампл. значение</source>
-        <translation>Peak value</translation>
+        <translation>Amplitude value</translation>
     </message>
     <message>
         <source>Эфф. значение</source>
@@ -1386,7 +1386,7 @@ calculator, ms (20 - 80):</translation>
     </message>
     <message>
         <source>Амплитуда</source>
-        <translation>Peak</translation>
+        <translation>Amplitude</translation>
     </message>
     <message>
         <source>Эффективное значение</source>

@@ -62,6 +62,7 @@ void TestTranslation::initTestCase()
 {
     QVERIFY(m_dir.isValid());
     EasyLibKorvane::initialize();
+    qRegisterMetaType<OscillogramView*>();
 }
 
 void TestTranslation::cleanup()
@@ -98,10 +99,12 @@ void TestTranslation::viewerToolBarSpeaksTheLanguage_data()
     QTest::addColumn<QStringList>("expected");
     QTest::newRow("en") << "en"
                         << QStringList { "Stretch in time", "Compress in time", "Show all", "Compact mode",
-                               "Set a marker", "Plot the impedance locus", "Spectrum", "Open..." };
+                               "Set a marker", "Fit the scale to show the whole record from start to end",
+                               "Open..." };
     QTest::newRow("ru") << "ru"
                         << QStringList { "Растянуть по времени", "Сжать по времени", "Показать все",
-                               "Компактный режим", "Установить маркер", "Построить годограф", "Спектр",
+                               "Компактный режим", "Установить маркер",
+                               "Подобрать масштаб, чтобы было видно всю запись от начала до конца",
                                "Открыть..." };
 }
 
