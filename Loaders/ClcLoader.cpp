@@ -7,6 +7,7 @@
 #include <QtEndian>
 
 #include <cstring>
+#include <limits>
 
 namespace {
 constexpr int headerLength = 278;
@@ -64,7 +65,11 @@ LoaderResult ClcLoader::work()
     const qint64 rowLength = rowPrefixLength + qint64(channelCount) * channelValuesLength;
     const qint64 rowBytes = file.size() - headerLength - qint64(channelCount) * channelRecordLength;
     OscillogramDataBuilder builder;
-    builder.reserve(valuesPerChannel * channelCount, 0, 0, 0, 0, int(qMax<qint64>(0, rowBytes / rowLength)));
+    // Rows beyond what one block of the store holds would be a file of gigabytes: refused whole.
+    const qint64 rows = qMax<qint64>(0, rowBytes / rowLength);
+    if (rows > std::numeric_limits<int>::max()
+        || !builder.reserve(valuesPerChannel * channelCount, 0, 0, 0, 0, int(rows)))
+        fail(tr("Ошибка чтения, осциллограмма повреждена!"));
 
     const auto channels = readChannels(file, channelCount, decoder);
     m_oscillogram->setAnalogChannels(channels);

@@ -13,6 +13,7 @@
 #include <charconv>
 #include <climits>
 #include <cstring>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -262,12 +263,15 @@ void ComtradeLoader::readAsciiDataFile(const QString& path)
     const int digitals = m_oscillogram->countOfDigitalChannels();
     // A record that reads holds a comma after each of its fields but the last, and a line end:
     // a file of many short lines reserves no more records than it can hold.
-    const int estimate = int(qMin<qint64>(countLines(path), file.size() / (analogs + digitals + 2) + 1));
+    const qint64 estimate
+        = qMin<qint64>(countLines(path), file.size() / (qint64(analogs) + digitals + 2) + 1);
     OscillogramDataBuilder builder;
-    builder.reserve(analogs, 0, 0, 0, digitals, estimate);
+    if (estimate > std::numeric_limits<int>::max()
+        || !builder.reserve(analogs, 0, 0, 0, digitals, int(estimate)))
+        failStoreTooLarge();
     const bool eventTriggered = m_oscillogram->isEventTriggeredOsc();
     if (eventTriggered)
-        m_oscillogram->timeStamps().reserve(estimate);
+        m_oscillogram->timeStamps().reserve(int(estimate));
     if (startsWithByteOrderMark(path)) {
         readAsciiDataStream(file, builder);
         return;

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QTextStream>
 
+#include <limits>
+
 namespace {
 void setDataTypeByFormat(
     const QList<QSharedPointer<AnalogChannel>>& channels, const ComtradeDataFormat& format)
@@ -26,6 +28,10 @@ void setDataTypeByFormat(
     }
     for (const auto& channel : channels)
         channel->setDataType(type);
+}
+bool fitsInt(long long value)
+{
+    return value >= std::numeric_limits<int>::min() && value <= std::numeric_limits<int>::max();
 }
 } // namespace
 
@@ -57,8 +63,15 @@ void ComtradeLoader::parseConfigFile(CsvParser& parser)
 
     parser.readLine(ComtradeCFGFields::ChannelCounts);
     parser.getInt();
-    const int analogs = int(parser.getParser(QStringLiteral("A")).getInt());
-    const int digitals = int(parser.getParser(QStringLiteral("D")).getInt());
+    const long long analogCount = parser.getParser(QStringLiteral("A")).getInt();
+    const long long digitalCount = parser.getParser(QStringLiteral("D")).getInt();
+    // Counts of any size stand in a file; summed in 64 bits, a sum beyond an int is refused here,
+    // while counts too large for the lines that follow fail at the first missing channel line.
+    const long long totalCount = analogCount + digitalCount;
+    if (!fitsInt(analogCount) || !fitsInt(digitalCount) || !fitsInt(totalCount))
+        parser.throwWrongChannelCounts();
+    const int analogs = int(analogCount);
+    const int digitals = int(digitalCount);
 
     m_oscillogram->setAnalogChannels(readAnalogChannels(parser, analogs, analogs + digitals));
     m_oscillogram->setDigitalChannels(readDigitalChannels(parser, analogs, analogs + digitals));

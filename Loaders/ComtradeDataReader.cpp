@@ -2,6 +2,7 @@
 
 #include "Loaders/ComtradeLoader.h"
 #include "Loaders/CsvParser.h"
+#include "Model/CheckedSize.h"
 
 #include <QFile>
 #include <QTextStream>
@@ -9,6 +10,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -119,6 +121,11 @@ qint64 readBlock(QFile& file, QByteArray& block, qint64 wanted)
 }
 } // namespace
 
+void ComtradeLoader::failStoreTooLarge()
+{
+    throw new LoadFailureException(tr("Ошибка чтения, осциллограмма повреждена!"));
+}
+
 void ComtradeLoader::readDataFile(const QString& path)
 {
     if (m_oscillogram->dataFormat().value() == ComtradeDataFormat::Ascii)
@@ -137,14 +144,21 @@ void ComtradeLoader::readBinaryDataFile(const QString& path)
     const int digitals = m_oscillogram->countOfDigitalChannels();
     const int format = m_oscillogram->dataFormat().value();
     const int words = int(std::ceil(digitals * 0.0625));
-    const qint64 recordSize = 2 * words + (format == ComtradeDataFormat::Binary ? 2 : 4) * analogs + 8;
+    const qint64 recordSize
+        = 2 * qint64(words) + (format == ComtradeDataFormat::Binary ? 2 : 4) * qint64(analogs) + 8;
     const qint64 size = file.size();
-    const int estimate = int(size / recordSize);
+    // One record more than the whole ones, for a last record cut short.
+    const qint64 records = size / recordSize + 1;
+    // One record must fit the read buffer, and the count of records an int.
+    if (recordSize > Korvane::largestBlockBytes || records > std::numeric_limits<int>::max())
+        failStoreTooLarge();
+    const int estimate = int(records - 1);
 
     OscillogramDataBuilder builder;
-    builder.reserve(0, format == ComtradeDataFormat::Float32 ? analogs : 0,
-        format == ComtradeDataFormat::Binary32 ? analogs : 0,
-        format == ComtradeDataFormat::Binary ? analogs : 0, digitals, estimate + 1);
+    if (!builder.reserve(0, format == ComtradeDataFormat::Float32 ? analogs : 0,
+            format == ComtradeDataFormat::Binary32 ? analogs : 0,
+            format == ComtradeDataFormat::Binary ? analogs : 0, digitals, estimate + 1))
+        failStoreTooLarge();
     const bool eventTriggered = m_oscillogram->isEventTriggeredOsc();
     if (eventTriggered)
         m_oscillogram->timeStamps().reserve(estimate + 1);
@@ -192,10 +206,12 @@ void ComtradeLoader::readBinaryDataFile(const QString& path)
 void ComtradeLoader::attachStore(OscillogramDataBuilder& builder, int samples)
 {
     const int analogs = m_oscillogram->countOfAnalogChannels();
-    builder.int16AnalogValues().resize(qMin(builder.int16AnalogValues().size(), samples * analogs));
-    builder.int32AnalogValues().resize(qMin(builder.int32AnalogValues().size(), samples * analogs));
-    builder.floatAnalogValues().resize(qMin(builder.floatAnalogValues().size(), samples * analogs));
-    builder.digitalValues().resize(samples * m_oscillogram->countOfDigitalChannels());
+    const qint64 values = qint64(samples) * analogs;
+    builder.int16AnalogValues().resize(int(qMin<qint64>(builder.int16AnalogValues().size(), values)));
+    builder.int32AnalogValues().resize(int(qMin<qint64>(builder.int32AnalogValues().size(), values)));
+    builder.floatAnalogValues().resize(int(qMin<qint64>(builder.floatAnalogValues().size(), values)));
+    // The store was reserved for these bits, so the product fits.
+    builder.digitalValues().resize(int(qint64(samples) * m_oscillogram->countOfDigitalChannels()));
     builder.setCountOfSamples(samples);
     m_oscillogram->setCountOfSamples(samples);
     const QSharedPointer<OscillogramData> data = builder.build();

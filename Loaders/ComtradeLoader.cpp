@@ -136,5 +136,7 @@ void ComtradeLoader::unzip(const QString& archivePath, const QString& destinatio
     // An archive that will not open is reported by the caller as one without a set.
     if (!archive.open(ZipArchive::ReadOnly))
         return;
-    archive.extractTo(destination);
+    // The caller's temporary folder goes with the exception, and what was extracted with it.
+    if (!archive.extractTo(destination) && archive.tooLarge())
+        throw new LoadFailureException(tr("Архив содержит файл слишком большого размера"));
 }

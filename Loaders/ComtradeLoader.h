@@ -49,6 +49,8 @@ private:
     // False at the line that ends the data.
     bool readAsciiRecord(CsvStringParser& parser, OscillogramDataBuilder& builder, int sample);
     void attachStore(OscillogramDataBuilder& builder, int samples);
+    // A data file that would need more store than it can fill, or than one block can hold.
+    [[noreturn]] static void failStoreTooLarge();
 
     void readHeaderFile(const QString& path);
     void readInfoFile(const QString& path);

@@ -221,6 +221,11 @@ void CsvParser::throwWrongInformation(const char* what) const
         QObject::tr("В cтроке %1 неверная информация ").arg(getLineNum()) + QObject::tr(what));
 }
 
+void CsvParser::throwWrongChannelCounts() const
+{
+    throwWrongInformation(channelCountsText);
+}
+
 void CsvParser::throwWrongChannelField(const char* fieldText) const
 {
     throw new ParsingException(QObject::tr("Строка %1 содержит неправильное значение %2")

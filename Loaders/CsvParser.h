@@ -3,8 +3,8 @@
 #include "korvane_export.h"
 
 #include "Loaders/ComtradeCFGFields.h"
-#include "Loaders/ComtradeVersion.h"
 #include "Loaders/CsvStringParser.h"
+#include "Model/ComtradeVersion.h"
 
 class QTextStream;
 
@@ -46,6 +46,8 @@ public:
     // The count of fields of a channel line; names the first missing field when it is wrong.
     void checkComtradeAnalogFail(ComtradeVersion version) const;
     void checkComtradeDigitalFail(ComtradeVersion version) const;
+    // The message of a line of channel counts that cannot be right.
+    [[noreturn]] void throwWrongChannelCounts() const;
 
 private:
     QStringList tokens() const { return m_stringParser.getLine(); }

@@ -1,5 +1,6 @@
 #include "Wv2DataReader.h"
 
+#include "Model/CheckedSize.h"
 #include "Model/Exception.h"
 
 #include <QBitArray>
@@ -7,6 +8,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 // These texts name the place of the failure for whoever reads a bug report; they are not
@@ -59,15 +61,18 @@ Wv2DataReader::Wv2DataReader(QIODevice* device, QSharedPointer<const Wv2MetaData
 
 QSharedPointer<OscillogramData> Wv2DataReader::read()
 {
-    checkFramesFitTheFile();
-    const int analogs = int(m_analogPlaces.size());
-    const int digitals = int(m_digitalPlaces.size());
-    m_builder.reserve(0, 0, 0, analogs, digitals, int(m_totalFrames));
-    m_bits = QByteArray(int((qint64(digitals) * m_totalFrames + 7) / 8), '\0');
-
+    // The header is passed over first: a file cut shorter than it between the two passes fails
+    // with the message of this step, before any count of the first pass is believed.
     if (m_device->skip(WAVE_HEADER::length) != WAVE_HEADER::length)
         failWithCode("0x04");
     consumed(WAVE_HEADER::length);
+    checkStoreFitsTheFile();
+    const int analogs = int(m_analogPlaces.size());
+    const int digitals = int(m_digitalPlaces.size());
+    if (!m_builder.reserve(0, 0, 0, analogs, digitals, int(m_totalFrames)))
+        failDamaged();
+    m_bits = QByteArray(int((qint64(digitals) * m_totalFrames + 7) / 8), '\0');
+
     while (!m_device->atEnd())
         readTag();
 
@@ -77,13 +82,24 @@ QSharedPointer<OscillogramData> Wv2DataReader::read()
 }
 
 // The store is reserved for all frames at once, so frames that could not be in the file must
-// not be believed before that.
-void Wv2DataReader::checkFramesFitTheFile() const
+// not be believed before that, nor a store larger than the file can fill: channels whose
+// offsets lie outside the frame are accepted, and each of them costs a value per frame.
+void Wv2DataReader::checkStoreFitsTheFile() const
 {
     if (m_totalFrames == 0)
         return;
-    if (m_frameSize <= 0 || m_totalFrames * m_frameSize > m_device->size())
-        throw new LoadFailureException(tr("Ошибка чтения, осциллограмма повреждена!"));
+    const qint64 fileBytes = m_device->size();
+    if (m_totalFrames > std::numeric_limits<int>::max() || m_frameSize <= 0
+        || Korvane::checkedProduct(m_totalFrames, m_frameSize, fileBytes) < 0)
+        failDamaged();
+    constexpr qint64 limit = Korvane::largestBlockBytes;
+    const qint64 analogBytes
+        = Korvane::checkedProduct(qint64(m_analogPlaces.size()) * 2, m_totalFrames, limit);
+    const qint64 digitalBits = Korvane::checkedProduct(
+        qint64(m_digitalPlaces.size()), m_totalFrames, std::numeric_limits<int>::max());
+    if (analogBytes < 0 || digitalBits < 0
+        || !Korvane::storeFitsFile(analogBytes + digitalBits / 8, fileBytes))
+        failDamaged();
 }
 
 void Wv2DataReader::readTag()
@@ -99,6 +115,11 @@ void Wv2DataReader::readTag()
         skipBytes(tag.restAfter(0));
 }
 
+void Wv2DataReader::failDamaged()
+{
+    throw new LoadFailureException(tr("Ошибка чтения, осциллограмма повреждена!"));
+}
+
 void Wv2DataReader::decodeBlock(const WAVE_TAG& tag)
 {
     const QByteArray header = readBytes(WAVE_DATAHEADER::bodyLength, "0x05");
@@ -107,7 +128,7 @@ void Wv2DataReader::decodeBlock(const WAVE_TAG& tag)
     const QByteArray frames = readBytes(tag.restAfter(WAVE_DATAHEADER::bodyLength), "0x06");
     if (qint64(blockHeader.frameCount) * m_frameSize > frames.size()
         || m_framesRead + blockHeader.frameCount > m_totalFrames)
-        throw new LoadFailureException(tr("Ошибка чтения, осциллограмма повреждена!"));
+        failDamaged();
     decodeFrames(frames, blockHeader.frameCount);
 }
 
@@ -132,7 +153,7 @@ template<bool CheckBounds> void Wv2DataReader::decodeFrames(const QByteArray& fr
     QVector<short>& values = m_builder.int16AnalogValues();
     const int first = values.size();
     // The store was reserved for every frame, so growing it here does not reallocate.
-    values.resize(first + int(frameCount * analogs));
+    values.resize(int(first + qint64(frameCount) * qint64(analogs)));
     short* out = values.data() + first;
     auto* bits = reinterpret_cast<quint8*>(m_bits.data());
 

@@ -34,7 +34,8 @@ private:
         quint16 mask;
     };
 
-    void checkFramesFitTheFile() const;
+    void checkStoreFitsTheFile() const;
+    [[noreturn]] static void failDamaged();
     void readTag();
     void decodeBlock(const WAVE_TAG& tag);
     void decodeFrames(const QByteArray& frames, quint32 frameCount);

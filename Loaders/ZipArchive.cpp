@@ -169,9 +169,12 @@ bool ZipArchive::extractTo(const QString& destination)
         m_error = QStringLiteral("Archive is not open");
         return false;
     }
+    const qint64 limit = memberLimit(m_readFile.size());
     struct archive_entry* entry = nullptr;
     while (nextHeader(m_archive, &entry)) {
         const QString cleaned = cleanEntryName(currentEntryName(entry));
+        if (archive_entry_size_is_set(entry) && archive_entry_size(entry) > limit)
+            return refuseMember(currentEntryName(entry), limit);
         // The slash is cleaned away, so every member's folder is the destination itself. Taken
         // from the joined path instead, a member named "." or ".." (or nothing) would land above it.
         const QString folder = destination;
@@ -182,13 +185,31 @@ bool ZipArchive::extractTo(const QString& destination)
         if (archive_entry_filetype(entry) == AE_IFDIR)
             continue;
         const QString target = QDir(folder).filePath(QStringLiteral("Wave.") + QFileInfo(cleaned).suffix());
-        if (!copyEntryData(target))
+        if (!copyEntryData(target, limit)) {
+            if (m_tooLarge)
+                return refuseMember(currentEntryName(entry), limit);
             return false;
+        }
     }
     return true;
 }
 
-bool ZipArchive::copyEntryData(const QString& target)
+qint64 ZipArchive::memberLimit(qint64 archiveBytes)
+{
+    constexpr qint64 floor = qint64(16) << 20;
+    constexpr qint64 ceiling = qint64(4) << 30;
+    return qBound(floor, archiveBytes > ceiling / 100 ? ceiling : archiveBytes * 100, ceiling);
+}
+
+bool ZipArchive::refuseMember(const QString& name, qint64 limit)
+{
+    m_tooLarge = true;
+    m_error = QStringLiteral("Member %1 is larger than %2 bytes").arg(name).arg(limit);
+    return false;
+}
+
+// The limit is checked against the bytes actually written too: a declared size may lie.
+bool ZipArchive::copyEntryData(const QString& target, qint64 limit)
 {
     QFile out(target);
     if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
@@ -196,6 +217,7 @@ bool ZipArchive::copyEntryData(const QString& target)
         return false;
     }
     char buffer[readBlockSize];
+    qint64 written = 0;
     for (;;) {
         const la_ssize_t read = archive_read_data(m_archive, buffer, sizeof buffer);
         if (read == 0)
@@ -204,7 +226,17 @@ bool ZipArchive::copyEntryData(const QString& target)
             m_error = QString::fromLocal8Bit(archive_error_string(m_archive));
             return false;
         }
-        out.write(buffer, read);
+        written += read;
+        if (written > limit) {
+            m_tooLarge = true;
+            out.remove();
+            return false;
+        }
+        if (out.write(buffer, read) != read) {
+            m_error = QStringLiteral("Can't write file %1").arg(target);
+            out.remove();
+            return false;
+        }
     }
 }
 

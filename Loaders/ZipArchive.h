@@ -36,7 +36,14 @@ public:
     // Every member is written to <destination>/Wave.<suffix of its cleaned name>, so that a set
     // in an archive always has one base name; paths flatten, and a later member of the same
     // suffix overwrites an earlier one.
+    //
+    // A member whose declared or written size passes memberLimit() stops the extraction: its
+    // partial file is removed and tooLarge() tells this failure from the others.
     bool extractTo(const QString& destination);
+    bool tooLarge() const { return m_tooLarge; }
+    // 100 times the archive, at least 16 MiB and at most 4 GiB: room for records that compress
+    // very well, none for an archive built to fill the disk.
+    static qint64 memberLimit(qint64 archiveBytes);
 
     // How the bytes of an entry go into the archive: deflated, or stored as they are (both are
     // read by every zip reader).
@@ -59,11 +66,13 @@ private:
     bool openForReading();
     bool openForWriting();
     QString currentEntryName(struct archive_entry* entry) const;
-    bool copyEntryData(const QString& target);
+    bool copyEntryData(const QString& target, qint64 limit);
+    bool refuseMember(const QString& name, qint64 limit);
 
     QString m_filename;
     QString m_error;
     OpenMode m_mode = NotOpen;
+    bool m_tooLarge = false;
     struct archive* m_archive = nullptr;
     QFile m_readFile;
     std::FILE* m_file = nullptr;

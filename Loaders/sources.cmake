@@ -3,14 +3,13 @@ set(KORVANE_LOADERS_SOURCES
     Loaders/ClcLoader.cpp
     Loaders/ComtradeAsciiReader.cpp
     Loaders/ComtradeConfigReader.cpp
-    Loaders/ComtradeDataFormat.cpp
     Loaders/ComtradeDataReader.cpp
     Loaders/ComtradeInfoReader.cpp
     Loaders/ComtradeLoader.cpp
-    Loaders/ComtradeVersion.cpp
     Loaders/CsvParser.cpp
     Loaders/CsvStringParser.cpp
     Loaders/EncodingDetector.cpp
+    Loaders/LoaderTable.cpp
     Loaders/Wv2DataReader.cpp
     Loaders/Wv2Loader.cpp
     Loaders/Wv2MetaDataReader.cpp

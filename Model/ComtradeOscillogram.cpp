@@ -1,5 +1,7 @@
 #include "ComtradeOscillogram.h"
 
+#include "Model/NumericCast.h"
+
 #include <QtGlobal>
 
 #include <cmath>
@@ -31,7 +33,7 @@ bool ComtradeOscillogram::isSetToUtc() const
 
 int ComtradeOscillogram::preFailureSamplesFrom(const PreciseDateTime& begin) const
 {
-    return qRound(begin.uSecsTo(triggerTime()) * sampleRate() / 1000000);
+    return Korvane::roundedToInt(double(begin.uSecsTo(triggerTime())) * sampleRate() / 1000000);
 }
 
 int ComtradeOscillogram::countOfPreFailureSamples() const

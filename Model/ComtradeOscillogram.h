@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Loaders/ComtradeDataFormat.h"
-#include "Loaders/ComtradeVersion.h"
 #include "Model/ComtradeChannels.h"
+#include "Model/ComtradeDataFormat.h"
+#include "Model/ComtradeVersion.h"
 #include "Model/SimpleOscillogram.h"
 
 #include <QVector>

@@ -9,7 +9,6 @@
 
 #include <QCoreApplication>
 #include <QMessageBox>
-#include <QThread>
 #include <QThreadPool>
 
 #include <atomic>
@@ -28,19 +27,62 @@ void showUnsupportedFormat(QWidget* parent)
         EasyLibKorvane::tr("Формат файла не поддерживается."), QMessageBox::Ok);
 }
 
-// Shows a failure with its causes; a cancelled load ends quietly. The dialog, if any, is closed.
-void reportLoadError(QWidget* parent, OscillogramLoader* loader, ProgressDialog* dialog,
-    const QSharedPointer<Exception>& exception)
+// Shows a failure with its causes; a cancelled load ends quietly.
+void reportLoadError(QWidget* parent, const QSharedPointer<Exception>& exception)
 {
     if (exception.dynamicCast<CancelledException>())
         return;
     QMessageBox::critical(
         parent, EasyLibKorvane::tr("Загрузка файла"), exceptionChainText(*exception), QMessageBox::Ok);
-    loader->deleteLater();
-    if (dialog) {
-        dialog->accept();
-        dialog->deleteLater();
+}
+
+// The outcome of one modal open, shared by the interface thread and the worker and kept alive by
+// both, so that neither writes into something the other has left. Exactly one of three things
+// settles it: the worker completes, the worker fails, or the interface thread abandons the load.
+class ModalOpenState
+{
+public:
+    // On the worker, within the emission of completed: the result is taken out of the loader
+    // before the outcome is published, and dropped again if the load was abandoned first.
+    void complete(LoaderResult&& result)
+    {
+        m_result = std::move(result);
+        if (!settle(Completed))
+            m_result = LoaderResult();
     }
+    void fail(const QSharedPointer<Exception>& failure)
+    {
+        m_failure = failure;
+        settle(Failed);
+    }
+    // On the interface thread: true when the worker had not settled yet, so it never will.
+    bool abandon() { return settle(Abandoned); }
+    // Read only after abandon() returned false, which orders them after the worker's writes.
+    QSharedPointer<Exception> failure() const { return m_outcome == Failed ? m_failure : nullptr; }
+    LoaderResult takeResult() { return std::move(m_result); }
+
+private:
+    enum Outcome { Running, Completed, Failed, Abandoned };
+
+    bool settle(Outcome outcome)
+    {
+        int expected = Running;
+        return m_outcome.compare_exchange_strong(expected, outcome, std::memory_order_acq_rel);
+    }
+
+    std::atomic<int> m_outcome { Running };
+    LoaderResult m_result;
+    QSharedPointer<Exception> m_failure;
+};
+
+// Runs the loader on the pool and deletes it once its run() has returned, whatever the outcome:
+// only then is the worker certain to touch it no more.
+void runAndDelete(OscillogramLoader* loader)
+{
+    QThreadPool::globalInstance()->start(QRunnable::create([loader]() {
+        loader->run();
+        loader->deleteLater();
+    }));
 }
 } // namespace
 
@@ -66,46 +108,35 @@ bool EasyLibKorvane::open(
         showUnsupportedFormat(parent);
         return false;
     }
-    auto* dialog = new ProgressDialog(parent);
+    const auto state = std::make_shared<ModalOpenState>();
+    std::unique_ptr<ProgressDialog> dialog(new ProgressDialog(parent));
+    // The worker settles first, within its own emission, so that whatever the dialog hears
+    // afterwards finds the outcome already written.
     connect(
-        loader, &TaskBase::progressChanged, dialog, &ProgressDialog::updateProgress, Qt::QueuedConnection);
-    // accept() is connected before the closure and both are queued: the closure runs in the same
-    // delivery of posted events that ends the dialog's loop, so ok is set when exec() returns.
-    connect(loader, &TaskBase::completed, dialog, &QDialog::accept, Qt::QueuedConnection);
-    connect(dialog, &QDialog::rejected, loader, &TaskBase::cancel, Qt::QueuedConnection);
-
-    bool ok = false;
-    QObject* context = parent ? static_cast<QObject*>(parent) : static_cast<QObject*>(dialog);
-    connect(
-        loader, &TaskBase::completed, context,
-        [&ok, loader, filename, callback, dialog]() {
-            LoaderResult result = loader->result();
-            Oscillograms::instance()->add(filename, result.oscillogram);
-            callback(result);
-            ok = true;
-            dialog->deleteLater();
-            loader->deleteLater();
-        },
+        loader, &TaskBase::completed, [state, loader]() { state->complete(std::move(loader->result())); });
+    connect(loader, &TaskBase::error, [state](QSharedPointer<Exception> e) { state->fail(e); });
+    loader->setProgressCoalesced(true);
+    connect(loader, &TaskBase::progressChanged, dialog.get(), &ProgressDialog::updateProgress,
         Qt::QueuedConnection);
-    connect(loader, &TaskBase::error, context, [parent, loader, dialog](QSharedPointer<Exception> exception) {
-        reportLoadError(parent, loader, dialog, exception);
-    });
-    // Connected last, so the worker sets it only after the deliveries above have been posted.
-    const auto posted = std::make_shared<std::atomic<bool>>(false);
-    const auto markPosted = [posted]() { posted->store(true); };
-    connect(loader, &TaskBase::completed, markPosted);
-    connect(loader, &TaskBase::error, markPosted);
-    QThreadPool::globalInstance()->start(loader, 0);
-    const int answer = dialog->exec();
-    // The worker posts accept() and the closure one after the other, so the dialog's loop may end
-    // between the two. Once the worker has posted both, what is still waiting is delivered here:
-    // the order stays, and ok is certain when a finished load ends the dialog.
-    if (answer == QDialog::Accepted) {
-        while (!posted->load())
-            QThread::yieldCurrentThread();
+    connect(loader, &TaskBase::completed, dialog.get(), &QDialog::accept, Qt::QueuedConnection);
+    connect(loader, &TaskBase::error, dialog.get(), &QDialog::accept, Qt::QueuedConnection);
+    runAndDelete(loader);
+
+    dialog->exec();
+    // A Cancel that comes before the worker settled wins; a finished load wins over a later one.
+    if (state->abandon()) {
+        loader->cancel();
+        return false;
     }
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
-    return ok;
+    if (const QSharedPointer<Exception> failure = state->failure()) {
+        dialog.reset();
+        reportLoadError(parent, failure);
+        return false;
+    }
+    LoaderResult result = state->takeResult();
+    Oscillograms::instance()->add(filename, result.oscillogram);
+    callback(result);
+    return true;
 }
 
 QSharedPointer<Oscillogram> EasyLibKorvane::open(const QString& filename, QString& errorText)

@@ -24,6 +24,18 @@ inline int roundedToInt(double value)
     return qRound(value);
 }
 
+// int(value) with saturation: truncation toward zero within the range.
+inline int truncatedToInt(double value)
+{
+    if (std::isnan(value))
+        return 0;
+    if (value >= double(std::numeric_limits<int>::max()))
+        return std::numeric_limits<int>::max();
+    if (value <= double(std::numeric_limits<int>::min()))
+        return std::numeric_limits<int>::min();
+    return static_cast<int>(value);
+}
+
 // Truncation toward zero of a microsecond count, kept within a quarter of the 64-bit range so
 // that adding a second's worth of microseconds to it can never overflow.
 inline long long truncatedMicroseconds(double value)

@@ -1,5 +1,9 @@
 #include "OscillogramData.h"
 
+#include "Model/CheckedSize.h"
+
+#include <limits>
+
 namespace {
 template<typename T> void takeExtremes(const T& value, T& minValue, T& maxValue)
 {
@@ -36,13 +40,24 @@ void scanBlock(
     }
 }
 
+template<typename T> bool blockFits(int columns, int samples)
+{
+    return Korvane::checkedProduct(columns, samples, Korvane::largestBlockBytes / qint64(sizeof(T))) >= 0;
+}
+
+// Bits are counted in int by QBitArray.
+bool bitsFit(int columns, int samples)
+{
+    return Korvane::checkedProduct(columns, samples, std::numeric_limits<int>::max()) >= 0;
+}
+
 template<typename T>
 void reserveBlock(QVector<T>& values, QVector<T>& minValues, QVector<T>& maxValues, int columns, int samples)
 {
     minValues.resize(columns);
     maxValues.resize(columns);
     // A reserved QVector keeps its capacity, so appends up to this size never reallocate.
-    values.reserve(columns * samples);
+    values.reserve(int(qint64(columns) * samples));
 }
 } // namespace
 
@@ -123,9 +138,13 @@ OscillogramDataBuilder::~OscillogramDataBuilder()
     delete d;
 }
 
-void OscillogramDataBuilder::reserve(int doubleChannels, int floatChannels, int int32Channels,
+bool OscillogramDataBuilder::reserve(int doubleChannels, int floatChannels, int int32Channels,
     int int16Channels, int digitalChannels, int samples)
 {
+    if (!blockFits<double>(doubleChannels, samples) || !blockFits<float>(floatChannels, samples)
+        || !blockFits<int>(int32Channels, samples) || !blockFits<short>(int16Channels, samples)
+        || !bitsFit(digitalChannels, samples))
+        return false;
     d->countOfDoubleChannels = doubleChannels;
     d->countOfFloatChannels = floatChannels;
     d->countOfInt32Channels = int32Channels;
@@ -136,7 +155,8 @@ void OscillogramDataBuilder::reserve(int doubleChannels, int floatChannels, int 
     reserveBlock(d->floatValues, d->floatMinValues, d->floatMaxValues, floatChannels, samples);
     reserveBlock(d->int32Values, d->int32MinValues, d->int32MaxValues, int32Channels, samples);
     reserveBlock(d->int16Values, d->int16MinValues, d->int16MaxValues, int16Channels, samples);
-    d->digitalValues.resize(digitalChannels * samples);
+    d->digitalValues.resize(int(qint64(digitalChannels) * samples));
+    return true;
 }
 
 void OscillogramDataBuilder::setCountOfSamples(int samples)
@@ -146,10 +166,10 @@ void OscillogramDataBuilder::setCountOfSamples(int samples)
 
 void OscillogramDataBuilder::setDigitalChannelValue(int sample, int channel, bool value)
 {
-    const int index = sample * d->countOfDigitalChannels + channel;
+    const qint64 index = qint64(sample) * d->countOfDigitalChannels + channel;
     if (index < 0 || index >= d->digitalValues.size())
         return;
-    d->digitalValues.setBit(index, value);
+    d->digitalValues.setBit(int(index), value);
 }
 
 QSharedPointer<OscillogramData> OscillogramDataBuilder::build()

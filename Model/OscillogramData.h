@@ -61,19 +61,19 @@ public:
 
     double doubleChannelValue(int sample, int channel) const
     {
-        return m_doubles.valueOrZero(sample * m_doubles.columns + channel);
+        return m_doubles.valueOrZero(qint64(sample) * m_doubles.columns + channel);
     }
     float floatChannelValue(int sample, int channel) const
     {
-        return m_floats.valueOrZero(sample * m_floats.columns + channel);
+        return m_floats.valueOrZero(qint64(sample) * m_floats.columns + channel);
     }
     int int32ChannelValue(int sample, int channel) const
     {
-        return m_int32s.valueOrZero(sample * m_int32s.columns + channel);
+        return m_int32s.valueOrZero(qint64(sample) * m_int32s.columns + channel);
     }
     short int16ChannelValue(int sample, int channel) const
     {
-        return m_int16s.valueOrZero(sample * m_int16s.columns + channel);
+        return m_int16s.valueOrZero(qint64(sample) * m_int16s.columns + channel);
     }
     bool digitalChannelValue(int sample, int channel) const
     {
@@ -126,7 +126,7 @@ private:
         }
         // Only the flat index is checked: a column beyond the count that lands within the block
         // reads a neighbour's value, as readers of the store expect.
-        T valueOrZero(int index) const { return (index >= 0 && index < size) ? values[index] : T(0); }
+        T valueOrZero(qint64 index) const { return (index >= 0 && index < size) ? values[index] : T(0); }
     };
 
     void scanExtremes();
@@ -149,7 +149,9 @@ public:
     OscillogramDataBuilder(const OscillogramDataBuilder&) = delete;
     OscillogramDataBuilder& operator=(const OscillogramDataBuilder&) = delete;
 
-    void reserve(int doubleChannels, int floatChannels, int int32Channels, int int16Channels,
+    // False, with nothing reserved, when a block would pass what one container can hold: the
+    // reader then reports its damaged file.
+    bool reserve(int doubleChannels, int floatChannels, int int32Channels, int int16Channels,
         int digitalChannels, int samples);
     void setCountOfSamples(int samples);
 

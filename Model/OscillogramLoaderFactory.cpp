@@ -1,45 +1,40 @@
 #include "OscillogramLoaderFactory.h"
 
-#include "Loaders/ClcLoader.h"
-#include "Loaders/ComtradeLoader.h"
-#include "Loaders/Wv2Loader.h"
 #include "Model/OscillogramLoader.h"
 
 #include <QFileInfo>
 
 namespace {
-struct LoaderRow
-{
-    const char* suffix;
-    OscillogramLoader* (*create)(const QString& filename);
-    // A check of the file itself beyond its suffix; null where the suffix is enough.
-    bool (*accepts)(const QString& filename);
-};
+using LoaderRow = OscillogramLoaderFactory::LoaderRow;
 
-template<typename Loader> OscillogramLoader* makeLoader(const QString& filename)
+// A function's own static, so that the loaders' layer may fill it from its static initialisers
+// whatever the order in which the objects of the library start.
+QVector<LoaderRow>& table()
 {
-    return new Loader(filename, nullptr);
+    static QVector<LoaderRow> rows;
+    return rows;
 }
-
-// One row per format the library reads, in the order of the suffix list.
-const LoaderRow loaderRows[] = {
-    { "wv2", &makeLoader<Wv2Loader>, nullptr },
-    { "cfg", &makeLoader<ComtradeLoader>, nullptr },
-    // A zip counts as a record only when it holds a COMTRADE set.
-    { "zip", &makeLoader<ComtradeLoader>, &ComtradeLoader::isComtrade },
-    { "clc", &makeLoader<ClcLoader>, nullptr },
-};
 
 const LoaderRow* rowFor(const QString& filename)
 {
     const QString suffix = QFileInfo(filename).suffix().toLower();
-    for (const LoaderRow& row : loaderRows) {
-        if (suffix == QLatin1String(row.suffix))
+    for (const LoaderRow& row : table()) {
+        if (suffix == row.suffix)
             return &row;
     }
     return nullptr;
 }
 } // namespace
+
+void OscillogramLoaderFactory::setLoaderRows(const QVector<LoaderRow>& rows)
+{
+    table() = rows;
+}
+
+QVector<OscillogramLoaderFactory::LoaderRow> OscillogramLoaderFactory::loaderRows()
+{
+    return table();
+}
 
 bool OscillogramLoaderFactory::isWave(const QString& filename)
 {

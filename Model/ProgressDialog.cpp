@@ -29,4 +29,5 @@ void ProgressDialog::updateProgress(QString stage, double percent)
 {
     m_stageLabel->setText(stage);
     m_progressBar->setValue(static_cast<int>(percent * 100));
+    emit progressShown(stage, percent);
 }

@@ -21,6 +21,10 @@ public slots:
     // leaves the display where it was.
     void updateProgress(QString stage, double percent);
 
+signals:
+    // Each report as the dialog shows it, for whoever mirrors the load elsewhere.
+    void progressShown(QString stage, double percent);
+
 private:
     QLabel* m_stageLabel;
     QProgressBar* m_progressBar;

@@ -15,6 +15,7 @@ public:
     {
         try {
             m_result = work();
+            flushProgress();
             emit completed();
         } catch (QSharedPointer<Exception> exception) {
             emit error(exception);

@@ -6,7 +6,9 @@ set(KORVANE_MODEL_SOURCES
     Model/ClcOscillogram.cpp
     Model/Channel.cpp
     Model/ComtradeChannels.cpp
+    Model/ComtradeDataFormat.cpp
     Model/ComtradeOscillogram.cpp
+    Model/ComtradeVersion.cpp
     Model/DigitalChannel.cpp
     Model/EasyLibKorvane.cpp
     Model/Exception.cpp
@@ -20,6 +22,7 @@ set(KORVANE_MODEL_SOURCES
     Model/Oscillograms.cpp
     Model/SampleSummary.cpp
     Model/PreciseDateTime.cpp
+    Model/ProgressCoalescer.cpp
     Model/ProgressDialog.cpp
     Model/SimpleOscillogram.cpp
     Model/TaskBase.cpp

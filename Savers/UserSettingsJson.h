@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CalcLib/CmrUserSettings.h"
-#include "Views/MeasureItem.h"
+#include "Model/MeasureItem.h"
 #include "korvane_export.h"
 
 #include <QList>

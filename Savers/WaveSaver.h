@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Model/MeasureItem.h"
 #include "Model/Oscillogram.h"
-#include "Views/MeasureItem.h"
 #include "korvane_export.h"
 
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "Settings/KorvaneSettings.h"
 
+#include "Settings/ColorStyle.h"
 #include "Settings/SettingsProvider.h"
-#include "Views/Painters/ColorStyle.h"
 
 #include <QDateTime>
 #include <QSettings>

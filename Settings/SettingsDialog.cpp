@@ -1,8 +1,8 @@
 #include "Settings/SettingsDialog.h"
 
+#include "Settings/ColorStyle.h"
 #include "Settings/KorvaneSettings.h"
 #include "Settings/KorvaneSettingsWidget.h"
-#include "Views/Painters/ColorStyle.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

@@ -1,14 +1,12 @@
 #include "Views/OscillogramViewModel.h"
 
+#include "Model/NumericCast.h"
 #include "Model/Oscillograms.h"
 #include "Model/SimpleOscillogram.h"
+#include "Settings/ColorStyle.h"
 #include "Settings/KorvaneSettings.h"
 #include "Views/AChanParModel.h"
-#include "Views/Painters/AnalogPainter.h"
-#include "Views/Painters/ColorStyle.h"
-#include "Views/Painters/DigitalPainter.h"
-#include "Views/Painters/TimeLayers.h"
-#include "Views/Painters/ValuesPainter.h"
+#include "Views/Painters/ChannelRenderer.h"
 #include "Views/TimeMeasureMode.h"
 
 #include "Calc/CalcModule.h"
@@ -26,15 +24,9 @@ int defaultFontHeight()
 OscillogramViewModel::OscillogramViewModel(QObject* parent)
     : QObject(parent)
     , m_xScale(new XScale(this))
-    , m_backgroundFill(QSharedPointer<BackgroundFill>::create())
-    , m_timeGrid(QSharedPointer<TimeGrid>::create())
-    , m_currentSampleLine(QSharedPointer<CurrentSampleLine>::create())
-    , m_failureLines(QSharedPointer<FailureLines>::create())
     , m_timeMeasureMode(new TimeMeasureMode(this))
-    , m_triggerLine(QSharedPointer<TriggerLine>::create())
     , m_markers(QSharedPointer<Markers>::create())
 {
-    m_backgroundFill->setColor(KV::Cfg::ColorStyle::current().background);
     connect(m_xScale, &XScale::sigScaleChanged, this, &OscillogramViewModel::xScaleChanged);
     connect(m_timeMeasureMode, &TimeMeasureMode::updated, this, &OscillogramViewModel::measuresChanged);
 }
@@ -103,7 +95,6 @@ void OscillogramViewModel::setOscillogram(const QSharedPointer<Oscillogram>& osc
     m_oscillogram = oscillogram;
     initCalcModule();
     resetPositionAndRows();
-    m_failureLines->setFailures(m_oscillogram ? m_oscillogram->failures() : QList<QSharedPointer<Failure>>());
     emit sigWaveChanged(m_oscillogram);
     resetMarkers();
 }
@@ -125,7 +116,6 @@ void OscillogramViewModel::setCalcOscillogram(const QSharedPointer<Oscillogram>&
     resetPositionAndRows();
     resetMarkers();
     m_timeMeasureMode->resetMeasures();
-    m_failureLines->setFailures(m_oscillogram->failures());
     m_isModified = true;
 }
 
@@ -136,7 +126,6 @@ void OscillogramViewModel::setMathOscillogram(const QSharedPointer<Oscillogram>&
     emit sigRepopulateCalculatedWave(1);
     initCalcModule();
     resetPositionAndRows();
-    m_failureLines->setFailures(m_oscillogram ? m_oscillogram->failures() : QList<QSharedPointer<Failure>>());
     resetMarkers();
 }
 
@@ -676,7 +665,7 @@ QRgb OscillogramViewModel::backgroundColorOption(long long color) const
 
 bool OscillogramViewModel::isDrawMarkers(const PlotDrawInfo& info, const QList<int>& channels) const
 {
-    return info.drawMarkers && channels.size() == 1 && channels.first() < countOfAnalogChannels();
+    return ChannelRenderer::drawsMarkers(info, channels, countOfAnalogChannels());
 }
 
 int OscillogramViewModel::calculaterWindowInSamples() const
@@ -685,93 +674,26 @@ int OscillogramViewModel::calculaterWindowInSamples() const
         return 0;
     const int ms
         = m_allSettings->manualFlag() ? m_allSettings->manualInterval() : m_allSettings->calcDuration() * 20;
-    return int(ms * m_oscillogram->sampleRate() / 1000.0);
+    return Korvane::truncatedToInt(ms * m_oscillogram->sampleRate() / 1000.0);
 }
 
 QImage OscillogramViewModel::channelPlot(
     const QList<int>& channels, int width, int height, const PlotDrawInfo& info) const
 {
-    if (width <= 0 || height <= 0)
-        return QImage();
-    const double scale = xScaleOption(info.xScale);
-    const int start = startSampleNumberOption(info.startSample);
-    PixelBuffer buffer(width, height);
-    m_backgroundFill->setColor(backgroundColorOption(info.backgroundColor));
-    m_backgroundFill->paint(buffer);
-    if (info.drawTimeGrid) {
-        m_timeGrid->setOscillogram(m_oscillogram);
-        m_timeGrid->setXScale(scale);
-        m_timeGrid->setStartSample(start);
-        m_timeGrid->paint(buffer);
-    }
-    if (info.drawFailures) {
-        m_failureLines->setStartSample(start);
-        m_failureLines->setXScale(scale);
-        m_failureLines->paint(buffer);
-    }
-    const int analogs = countOfAnalogChannels();
-    const bool drawMarkers = isDrawMarkers(info, channels);
-    for (int channel : channels) {
-        if (channel < analogs) {
-            if (channel < 0)
-                continue;
-            const auto target = m_oscillogram->analogChannel(channel);
-            AnalogPainter trace;
-            trace.setChannel(target);
-            trace.setOffset(0.0);
-            trace.setAmplitude(chanMag(channel));
-            trace.setXScale(scale);
-            trace.setStartSample(start);
-            trace.setAnomalyPaint(m_anomalyPaint);
-            if (m_anomalies.contains(channel))
-                trace.setAnomalySpans(m_anomalies.value(channel).getAnomalyData());
-            ValuesPainter values;
-            values.setChannel(target);
-            values.setOffset(0.0);
-            values.setAmplitude(chanMag(channel));
-            values.setXScale(scale);
-            values.setStartSample(start);
-            values.setPrimSecMode(m_primSecMode);
-            trace.paintZeroLine(buffer);
-            trace.paintTrace(buffer);
-            values.paint(buffer);
-        } else if (channel < countOfChannels()) {
-            DigitalPainter trace;
-            trace.setChannel(m_oscillogram->digitalChannel(channel - analogs));
-            trace.setXScale(scale);
-            trace.setStartSample(start);
-            trace.paint(buffer);
-        }
-        if (drawMarkers) {
-            m_markers->setStartSample(start);
-            m_markers->setXScale(scale);
-            m_markers->setChannel(channel);
-            m_markers->paint(buffer);
-        }
-    }
-    if (info.drawTrigger) {
-        m_triggerLine->setOscillogram(m_oscillogram);
-        m_triggerLine->setStartSample(start);
-        m_triggerLine->setXScale(scale);
-        m_triggerLine->paint(buffer);
-    }
-    if (info.drawMeasures) {
-        TimeMeasurePainter measures(m_timeMeasureMode->measures());
-        measures.setStartSample(start);
-        measures.setXScale(scale);
-        measures.paint(buffer);
-    }
-    if (info.drawCurrentSample) {
-        m_currentSampleLine->setHasFocus(m_hasFocus);
-        m_currentSampleLine->setCurrentSample(m_currentSample);
-        m_currentSampleLine->setStartSample(start);
-        m_currentSampleLine->setXScale(scale);
-        m_currentSampleLine->setCalculaterLineVisible(
-            m_allSettings && m_allSettings->isCalculaterLineVisible());
-        m_currentSampleLine->setWindowInSamples(calculaterWindowInSamples());
-        m_currentSampleLine->paint(buffer);
-    }
-    void* block = buffer.releasedBlock();
-    return QImage(reinterpret_cast<uchar*>(buffer.release()), width, height, QImage::Format_ARGB32,
-        PixelBuffer::recycle, block);
+    ChannelRenderer::Scene scene;
+    scene.oscillogram = m_oscillogram;
+    scene.startSample = startSampleNumberOption(info.startSample);
+    scene.xScale = xScaleOption(info.xScale);
+    scene.background = backgroundColorOption(info.backgroundColor);
+    scene.amplitudes = m_amplitudes;
+    scene.primSecMode = m_primSecMode;
+    scene.anomalyPaint = m_anomalyPaint;
+    scene.anomalies = m_anomalies;
+    scene.markers = m_markers;
+    scene.measures = m_timeMeasureMode->measures();
+    scene.currentSample = m_currentSample;
+    scene.hasFocus = m_hasFocus;
+    scene.calculaterLineVisible = m_allSettings && m_allSettings->isCalculaterLineVisible();
+    scene.windowInSamples = calculaterWindowInSamples();
+    return ChannelRenderer().render(scene, channels, width, height, info);
 }

@@ -2,9 +2,9 @@
 
 #include "Model/AnalogChannel.h"
 #include "Model/Anomaly.h"
+#include "Model/MeasureItem.h"
 #include "Model/Oscillogram.h"
 #include "Views/DropInfo.h"
-#include "Views/MeasureItem.h"
 #include "Views/Painters/Markers.h"
 #include "Views/PlotDrawInfo.h"
 #include "Views/XScale.h"
@@ -19,16 +19,11 @@
 #include <QVector>
 
 class AChanParModel;
-class BackgroundFill;
 class CalcModule;
-class CurrentSampleLine;
-class FailureLines;
 class KorvaneSettings;
 class QAction;
 class SimpleOscillogram;
-class TimeGrid;
 class TimeMeasureMode;
-class TriggerLine;
 
 // How one record is shown: samples, scale, rows, selection, markers and measures. Every widget of
 // the record view holds it, reads it and changes it through its slots; it also renders the
@@ -107,8 +102,9 @@ public:
     double xScaleOption(double xScale) const;
     QRgb backgroundColorOption(long long color) const;
     bool isDrawMarkers(const PlotDrawInfo& info, const QList<int>& channels) const;
-    // The picture of the channels, one over the other, with the layers the info asks for. The
-    // image owns the pixels the painters wrote; nothing is copied.
+    // The picture of the channels, one over the other, with the layers the info asks for, drawn by
+    // a ChannelRenderer from the state of this model. The image owns the pixels the painters
+    // wrote; nothing is copied.
     QImage channelPlot(
         const QList<int>& channels, int width, int height, const PlotDrawInfo& info = PlotDrawInfo()) const;
 
@@ -239,12 +235,7 @@ private:
     QHash<int, Anomaly> m_anomalies;
     bool m_isCompactMode = false;
     QList<QAction*> m_analogActionList;
-    QSharedPointer<BackgroundFill> m_backgroundFill;
-    QSharedPointer<TimeGrid> m_timeGrid;
-    QSharedPointer<CurrentSampleLine> m_currentSampleLine;
-    QSharedPointer<FailureLines> m_failureLines;
     TimeMeasureMode* m_timeMeasureMode = nullptr;
-    QSharedPointer<TriggerLine> m_triggerLine;
     QSharedPointer<KorvaneSettings> m_allSettings;
     QSharedPointer<Markers> m_markers;
     QSharedPointer<CalcModule> m_calcModule;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Views/MeasureItem.h"
+#include "Model/MeasureItem.h"
 #include "korvane_export.h"
 
 #include <QList>

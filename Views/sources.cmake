@@ -7,7 +7,7 @@ set(KORVANE_VIEWS_SOURCES
     Views/TimeMeasureMode.cpp
     Views/XScale.cpp
     Views/Painters/AnalogPainter.cpp
-    Views/Painters/ColorStyle.cpp
+    Views/Painters/ChannelRenderer.cpp
     Views/Painters/DigitalPainter.cpp
     Views/Painters/DrawPrimitives.cpp
     Views/Painters/Markers.cpp

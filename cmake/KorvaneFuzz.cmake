@@ -21,6 +21,6 @@ include(${CMAKE_SOURCE_DIR}/fuzz/fuzzers.cmake)
 foreach(fuzzer IN LISTS KORVANE_FUZZERS)
     add_test(NAME fuzz_${fuzzer}
              COMMAND ${CMAKE_SOURCE_DIR}/scripts/run-fuzzer.sh ${KORVANE_FUZZ_BINARY_DIR}/${fuzzer}
-                     ${CMAKE_SOURCE_DIR}/fuzz/corpus/${fuzzer} 20)
+                     ${CMAKE_SOURCE_DIR}/fuzz/corpus/${fuzzer} 20 ${KORVANE_FUZZ_MAX_LEN_${fuzzer}})
     set_tests_properties(fuzz_${fuzzer} PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endforeach()

@@ -3,7 +3,7 @@
 #include "Model/ClcAnalogChannel.h"
 #include "Model/ComtradeChannels.h"
 #include "Model/Wv2Channels.h"
-#include "Views/Painters/ColorStyle.h"
+#include "Settings/ColorStyle.h"
 #include "Views/Painters/Decimation.h"
 #include "Views/Painters/DrawPrimitives.h"
 #include "Views/Painters/VerticalMapping.h"

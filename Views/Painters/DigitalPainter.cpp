@@ -1,7 +1,7 @@
 #include "Views/Painters/DigitalPainter.h"
 
+#include "Settings/ColorStyle.h"
 #include "Views/Painters/AnalogPainter.h"
-#include "Views/Painters/ColorStyle.h"
 #include "Views/Painters/DrawPrimitives.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "Views/Painters/Markers.h"
 
-#include "Views/Painters/ColorStyle.h"
+#include "Settings/ColorStyle.h"
 #include "Views/Painters/DrawPrimitives.h"
 
 #include <QImage>

@@ -1,7 +1,8 @@
 #include "Views/Painters/TimeLayers.h"
 
+#include "Model/NumericCast.h"
 #include "Model/SimpleOscillogram.h"
-#include "Views/Painters/ColorStyle.h"
+#include "Settings/ColorStyle.h"
 #include "Views/Painters/DrawPrimitives.h"
 
 #include <cmath>
@@ -59,7 +60,7 @@ void TimeGrid::paint(PixelBuffer& buffer)
     const int samples = m_record->countOfSamples();
     const int pre = m_record->countOfPreFailureSamples();
     const int post = m_record->countOfPostFailureSamples();
-    const int lines = int(std::floor(samples / (rate / 1000.0) / step + 0.5));
+    const int lines = Korvane::truncatedToInt(std::floor(samples / (rate / 1000.0) / step + 0.5));
     const int adjustment = (samples < pre || samples < post) ? pre - samples : 0;
     const double origin = (pre - m_startSample - adjustment) * m_xScale;
     const int width = buffer.width();

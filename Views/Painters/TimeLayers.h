@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Model/Failure.h"
+#include "Model/MeasureItem.h"
 #include "Model/Oscillogram.h"
-#include "Views/MeasureItem.h"
 #include "Views/Painters/ILayerPainter.h"
 
 #include <QList>

@@ -1,4 +1,4 @@
-#include "Loaders/ComtradeDataFormat.h"
+#include "Model/ComtradeDataFormat.h"
 
 #include <QTest>
 

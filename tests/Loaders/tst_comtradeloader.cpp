@@ -17,6 +17,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include <limits>
+
 using namespace KorvaneTest;
 
 Q_DECLARE_METATYPE(QList<ZipMember>)
@@ -50,6 +52,45 @@ LoadOutcome load(const QString& path, std::function<void(ComtradeLoader&, const 
     loader.run();
     if (!outcome.error)
         outcome.result = loader.result();
+    return outcome;
+}
+
+// A zip of one deflated member whose headers declare an uncompressed size the data never
+// reach: the member is the empty deflate stream (03 00). Laid out byte by byte after the zip
+// format: local header, data, central directory entry, end of central directory.
+QByteArray zipWithDeclaredSize(const QByteArray& name, quint32 declared)
+{
+    auto le16 = [](QByteArray& out, quint16 v) { out += char(v & 0xFF), out += char(v >> 8); };
+    auto le32 = [&le16](QByteArray& out, quint32 v) { le16(out, quint16(v)), le16(out, quint16(v >> 16)); };
+    const QByteArray data("\x03\x00", 2);
+    QByteArray local;
+    le32(local, 0x04034b50);
+    le16(local, 20), le16(local, 0), le16(local, 8), le16(local, 0), le16(local, 0x21);
+    le32(local, 0), le32(local, quint32(data.size())), le32(local, declared);
+    le16(local, quint16(name.size())), le16(local, 0);
+    local += name + data;
+    QByteArray central;
+    le32(central, 0x02014b50);
+    le16(central, 20), le16(central, 20), le16(central, 0), le16(central, 8), le16(central, 0);
+    le16(central, 0x21);
+    le32(central, 0), le32(central, quint32(data.size())), le32(central, declared);
+    le16(central, quint16(name.size())), le16(central, 0), le16(central, 0), le16(central, 0);
+    le16(central, 0), le32(central, 0), le32(central, 0);
+    central += name;
+    QByteArray end;
+    le32(end, 0x06054b50);
+    le16(end, 0), le16(end, 0), le16(end, 1), le16(end, 1);
+    le32(end, quint32(central.size())), le32(end, quint32(local.size())), le16(end, 0);
+    return local + central + end;
+}
+
+// Loads with TMPDIR pointing at the given folder, where a zip is extracted.
+LoadOutcome loadWithTemporaryFolder(const QString& path, const QString& temporaryFolder)
+{
+    const QByteArray oldTemp = qgetenv("TMPDIR");
+    qputenv("TMPDIR", temporaryFolder.toLocal8Bit());
+    const LoadOutcome outcome = load(path);
+    qputenv("TMPDIR", oldTemp);
     return outcome;
 }
 
@@ -681,13 +722,9 @@ private slots:
         QFETCH(QList<ZipMember>, members);
         QTemporaryDir temp;
         QTemporaryDir dir;
-        const QByteArray oldTemp = qgetenv("TMPDIR");
-        qputenv("TMPDIR", temp.path().toLocal8Bit());
         const QString zip = dir.filePath(QStringLiteral("set.zip"));
         QVERIFY(writeZip(zip, members));
-        QList<QPair<QString, double>> progress;
-        const LoadOutcome outcome = load(zip);
-        qputenv("TMPDIR", oldTemp);
+        const LoadOutcome outcome = loadWithTemporaryFolder(zip, temp.path());
         QCOMPARE(errorText(outcome), QString());
         const auto record = outcome.record();
         QVERIFY(record);
@@ -757,6 +794,13 @@ private slots:
             << QString();
         QTest::newRow("station alone on line 1: line 2 is found wanting")
             << QByteArray("\x00\x05Station without a device or a line break")
+            << "В cтроке 2 неверная информация о количестве сигналов и их типе" << QString();
+        // Counts are summed in 64 bits: a sum or a count beyond an int is a wrong counts line.
+        QTest::newRow("counts whose sum passes an int")
+            << QByteArray(good).replace("5,2A,3D", "2,2147483647A,2147483647D")
+            << "В cтроке 2 неверная информация о количестве сигналов и их типе" << QString();
+        QTest::newRow("a count beyond an int")
+            << QByteArray(good).replace("5,2A,3D", "5,4294967298A,3D")
             << "В cтроке 2 неверная информация о количестве сигналов и их типе" << QString();
         QTest::newRow("token error in the counts line")
             << QByteArray(good).replace("5,2A,3D", "5,xA,3D") << "В строке 2 неверный тип данных, x не int"
@@ -841,6 +885,60 @@ private slots:
         QVERIFY(outcome.error);
         QCOMPARE(outcome.error->message(), message);
         QVERIFY(outcome.error.dynamicCast<LoadFailureException>());
+    }
+
+    // A member that unpacks to more than the limit is refused, with nothing left behind: the
+    // limit is 100 times the archive, but never below 16 MiB.
+    void zipBombIsRefused()
+    {
+        QTemporaryDir temp;
+        QTemporaryDir dir;
+        const QString zip = dir.filePath(QStringLiteral("bomb.zip"));
+        const ComtradeSetDescription set = smallSet(1999, QStringLiteral("ASCII"));
+        const QByteArray zeros((16 << 20) + 1, '0');
+        QVERIFY(writeZip(zip, { { "r.cfg", comtradeCfg(set) }, { "r.dat", zeros } }));
+        QVERIFY(QFileInfo(zip).size() * 100 < zeros.size());
+        const LoadOutcome outcome = loadWithTemporaryFolder(zip, temp.path());
+        QCOMPARE(errorText(outcome), QStringLiteral("Архив содержит файл слишком большого размера"));
+        QVERIFY(outcome.error.dynamicCast<LoadFailureException>());
+        QCOMPARE(leftovers(temp.path()), QStringList());
+    }
+
+    // A member whose header declares more than the limit is refused before a byte is written.
+    void zipMemberDeclaredTooLargeIsRefused()
+    {
+        QTemporaryDir temp;
+        QTemporaryDir dir;
+        const QString zip = dir.filePath(QStringLiteral("lie.zip"));
+        QVERIFY(writeFile(zip, zipWithDeclaredSize("r.dat", 3000000000u)));
+        const LoadOutcome outcome = loadWithTemporaryFolder(zip, temp.path());
+        QCOMPARE(errorText(outcome), QStringLiteral("Архив содержит файл слишком большого размера"));
+        QCOMPARE(leftovers(temp.path()), QStringList());
+    }
+
+    // A sample rate of 1e308 or a trigger eight thousand years after the first sample: the
+    // count of samples before the trigger saturates at the top of the int range (less the
+    // margin of qRound) instead of overflowing.
+    void preFailureCountSaturates_data()
+    {
+        QTest::addColumn<double>("rate");
+        QTest::addColumn<QString>("trigger");
+        QTest::newRow("rate 1e308") << 1e308 << QStringLiteral("01/02/2020,03:04:05.005006");
+        QTest::newRow("far trigger") << 1000.0 << QStringLiteral("01/02/9999,03:04:05.005006");
+    }
+
+    void preFailureCountSaturates()
+    {
+        QFETCH(double, rate);
+        QFETCH(QString, trigger);
+        QTemporaryDir dir;
+        ComtradeSetDescription set = smallSet(1999, QStringLiteral("ASCII"));
+        set.rates = { { rate, set.samples } };
+        set.triggerTime = trigger;
+        QVERIFY(writeComtradeSet(dir.filePath(QStringLiteral("r")), set));
+        const LoadOutcome outcome = load(dir.filePath(QStringLiteral("r.cfg")));
+        QVERIFY2(outcome.record(), qPrintable(errorText(outcome)));
+        QVERIFY(outcome.record()->countOfPreFailureSamples() >= std::numeric_limits<int>::max() - 2);
     }
 
     void unusableTemporaryFolder()

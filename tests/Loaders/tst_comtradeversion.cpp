@@ -1,4 +1,4 @@
-#include "Loaders/ComtradeVersion.h"
+#include "Model/ComtradeVersion.h"
 
 #include <QTest>
 

@@ -458,6 +458,72 @@ private slots:
         QCOMPARE(dataPassFailure(bytes, Wv2MetaData()), text);
     }
 
+    // The file is cut between the two passes: the meta-data promise frames, but the data pass
+    // finds less than the 39-byte file header and says so with its own step's message.
+    void dataPassOfAFileCutBelowItsHeader()
+    {
+        const QByteArray whole = sampleRecord().bytes();
+        const Wv2MetaData meta = metaOf(whole);
+        QVERIFY(meta.totalFrames > 0);
+        for (int size = 1; size < 39; ++size)
+            QVERIFY2(dataPassFailure(whole.left(size), meta) == QStringLiteral("Ошибка чтения (0x04)"),
+                qPrintable(QStringLiteral("cut to %1 bytes").arg(size)));
+    }
+
+    // Channels whose offsets lie outside the frame are accepted and cost a value in every frame;
+    // their products with the frame count are checked before the store is reserved.
+    void channelsTimesFramesBeyondWhatTheFileFills_data()
+    {
+        QTest::addColumn<int>("analogs");
+        QTest::addColumn<int>("digitals");
+        QTest::addColumn<int>("frames");
+        // 4000 x 600,000 values of 16 bits pass the int range: the product used to wrap.
+        QTest::newRow("4000 analogue tags, 600,000 one-byte frames (1.2 MB)") << 4000 << 0 << 600000;
+        // 100 x 600,000 x 2 bytes fit an int but are 200 times the 0.6 MB of frames.
+        QTest::newRow("100 analogue tags, 600,000 one-byte frames") << 100 << 0 << 600000;
+        // 40,000 x 60,000 bits pass the int range of a bit array.
+        QTest::newRow("40,000 digital tags, 60,000 one-byte frames") << 0 << 40000 << 60000;
+    }
+
+    void channelsTimesFramesBeyondWhatTheFileFills()
+    {
+        QFETCH(int, analogs);
+        QFETCH(int, digitals);
+        QFETCH(int, frames);
+        Wv2FileWriter writer;
+        writer.format(1);
+        for (int a = 0; a < analogs; ++a)
+            writer.analog(analog("A", qint16(a % 30000), 0xFFFF, 0));
+        for (int d = 0; d < digitals; ++d)
+            writer.digital(digital("D", qint16(d % 30000), 1));
+        writer.data(0, quint32(frames), QByteArray(frames, '\x5A'));
+        QCOMPARE(
+            loadBytes(writer.bytes()).failure, QStringLiteral("Ошибка чтения, осциллограмма повреждена!"));
+    }
+
+    // Sixteen channels may share one word, each under a mask of one bit: the most values a
+    // frame can give per byte of the file, and still a record.
+    void sixteenChannelsOfOneWordLoad()
+    {
+        Wv2FileWriter writer;
+        writer.format(2);
+        for (int bit = 0; bit < 16; ++bit)
+            writer.analog(analog("B", 0, 1u << bit, 0));
+        constexpr int frames = 20000;
+        QByteArray bytes;
+        for (int f = 0; f < frames; ++f)
+            bytes += Wv2Frame(2).word(0, quint16(f)).bytes();
+        writer.data(0, quint32(frames), bytes);
+        const Outcome outcome = loadBytes(writer.bytes());
+        QVERIFY2(outcome.record, qPrintable(outcome.failure));
+        // Frame 12345 holds the word 12345 = 0x3039: bits 0, 3, 4, 5, 12 and 13 are set.
+        const auto data = outcome.record->data();
+        QCOMPARE(data->int16ChannelValue(12345, 0), short(1));
+        QCOMPARE(data->int16ChannelValue(12345, 1), short(0));
+        QCOMPARE(data->int16ChannelValue(12345, 13), short(0x2000));
+        QCOMPARE(data->int16ChannelValue(12345, 15), short(0));
+    }
+
     void dataPassReadsWhatTheMetaDataDescribes()
     {
         const QByteArray bytes = sampleRecord().bytes();

@@ -122,6 +122,40 @@ private slots:
         QCOMPARE(opened.errorString(), QStringLiteral("Destination is file"));
     }
 
+    void memberLimit_data()
+    {
+        QTest::addColumn<qint64>("archive");
+        QTest::addColumn<qint64>("limit");
+        constexpr qint64 mib = qint64(1) << 20;
+        QTest::newRow("tiny archive: the 16 MiB floor") << qint64(1000) << 16 * mib;
+        QTest::newRow("1 MB archive: 100 times") << qint64(1000000) << qint64(100000000);
+        QTest::newRow("100 MB archive: the 4 GiB ceiling") << qint64(100000000) << 4096 * mib;
+        QTest::newRow("1 TB archive: the ceiling, without overflow") << (qint64(1) << 40) << 4096 * mib;
+    }
+
+    void memberLimit()
+    {
+        QFETCH(qint64, archive);
+        QFETCH(qint64, limit);
+        QCOMPARE(ZipArchive::memberLimit(archive), limit);
+    }
+
+    // The bytes written count, not only the size the header declares: the member stops at the
+    // limit and its partial file is removed.
+    void memberBeyondTheLimitIsRefused()
+    {
+        QTemporaryDir dir;
+        const QString zip = dir.filePath(QStringLiteral("bomb.zip"));
+        QVERIFY(writeZip(zip, { { "a.cfg", "1" }, { "a.dat", QByteArray((16 << 20) + 1, 'x') } }));
+        ZipArchive archive(zip);
+        QVERIFY(archive.open(ZipArchive::ReadOnly));
+        const QString out = dir.filePath(QStringLiteral("out"));
+        QVERIFY(!archive.extractTo(out));
+        QVERIFY(archive.tooLarge());
+        QVERIFY(archive.errorString().startsWith(QStringLiteral("Member a.dat is larger than")));
+        QCOMPARE(QDir(out).entryList(QDir::Files), QStringList { QStringLiteral("Wave.cfg") });
+    }
+
     void writerStoresCp866NamesAndMode644()
     {
         QTemporaryDir dir;

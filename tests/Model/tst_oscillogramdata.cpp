@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+#include <limits>
+
 namespace {
 // Two int16 columns over three samples: column 0 is 1, -4, 7 and column 1 is 10, 10, 10.
 QSharedPointer<OscillogramData> twoInt16Columns()
@@ -56,13 +58,43 @@ private slots:
     void reserveFixesCapacity()
     {
         OscillogramDataBuilder builder;
-        builder.reserve(0, 3, 0, 0, 5, 1000);
+        QVERIFY(builder.reserve(0, 3, 0, 0, 5, 1000));
         QVERIFY(builder.floatAnalogValues().capacity() >= 3000);
         const float* before = builder.floatAnalogValues().constData();
         for (int i = 0; i < 3000; ++i)
             builder.appendFloatValue(float(i));
         QCOMPARE(builder.floatAnalogValues().constData(), before);
         QCOMPARE(builder.digitalValues().size(), 5000);
+    }
+
+    // Products of columns and samples are formed in 64 bits; a block that one container cannot
+    // hold (2^31 bytes, or 2^31 bits) is refused with nothing reserved.
+    void reserveRefusesBlocksBeyondAContainer_data()
+    {
+        QTest::addColumn<QList<int>>("counts");
+        // 40,000 x 60,000 = 2.4e9 values: the product passes the int range itself.
+        QTest::newRow("int16, product beyond int") << QList<int> { 0, 0, 0, 40000, 0, 60000 };
+        // 2^29 doubles are 2^32 bytes, though the count itself is an int.
+        QTest::newRow("double, bytes beyond a container") << QList<int> { 1 << 14, 0, 0, 0, 0, 1 << 15 };
+        QTest::newRow("digital, bits beyond int") << QList<int> { 0, 0, 0, 0, 65536, 65536 };
+        QTest::newRow("negative count") << QList<int> { 0, 0, 0, -1, 0, 10 };
+    }
+
+    void reserveRefusesBlocksBeyondAContainer()
+    {
+        QFETCH(QList<int>, counts);
+        OscillogramDataBuilder builder;
+        QVERIFY(!builder.reserve(counts[0], counts[1], counts[2], counts[3], counts[4], counts[5]));
+        QCOMPARE(builder.int16AnalogValues().capacity(), 0);
+        QCOMPARE(builder.doubleAnalogValues().capacity(), 0);
+        QCOMPARE(builder.digitalValues().size(), 0);
+    }
+
+    void readsFarBeyondTheEndGiveZero()
+    {
+        const auto data = twoInt16Columns();
+        // sample x columns would pass the int range: still a read beyond the end.
+        QCOMPARE(data->int16ChannelValue(std::numeric_limits<int>::max(), 1), short(0));
     }
 
     void extremesPerColumn()

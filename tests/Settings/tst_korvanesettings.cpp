@@ -1,5 +1,5 @@
+#include "Settings/ColorStyle.h"
 #include "Settings/KorvaneSettings.h"
-#include "Views/Painters/ColorStyle.h"
 
 #include <QDateTime>
 #include <QFile>

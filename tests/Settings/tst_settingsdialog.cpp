@@ -1,9 +1,9 @@
 #include "ModalDialogs.h"
 
+#include "Settings/ColorStyle.h"
 #include "Settings/KorvaneSettings.h"
 #include "Settings/KorvaneSettingsWidget.h"
 #include "Settings/SettingsDialog.h"
-#include "Views/Painters/ColorStyle.h"
 
 #include <QCheckBox>
 #include <QComboBox>

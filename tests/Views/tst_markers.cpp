@@ -1,6 +1,6 @@
+#include "Settings/ColorStyle.h"
 #include "Views/DiaMarkersTable.h"
 #include "Views/MarkersTableModel.h"
-#include "Views/Painters/ColorStyle.h"
 #include "Views/Painters/Markers.h"
 #include "Views/Painters/TimeLayers.h"
 #include "Views/TimeMeasureMode.h"

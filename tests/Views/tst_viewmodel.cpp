@@ -1,8 +1,8 @@
 #include "Calc/CalcModule.h"
 #include "Model/SimpleOscillogram.h"
+#include "Settings/ColorStyle.h"
 #include "Settings/KorvaneSettings.h"
 #include "Views/OscillogramViewModel.h"
-#include "Views/Painters/ColorStyle.h"
 #include "Views/TimeMeasureMode.h"
 
 #include <QFontMetrics>

@@ -59,6 +59,21 @@ QMap<QString, QByteArray> wv2Seeds()
     seeds["header-only"] = Wv2FileWriter().bytes();
     seeds["cut"] = wv2Record().bytes().left(300);
     seeds["short-tag"] = Wv2FileWriter().tag(2, 40, Wv2FileWriter::analogBody(Wv2AnalogSpec())).bytes();
+    // Large counts, so that the search starts near the size checks: many channels whose offsets
+    // lie outside a one-byte frame, and a block that declares more frames than an int counts.
+    Wv2FileWriter outside;
+    outside.format(1);
+    for (int a = 0; a < 64; ++a) {
+        Wv2AnalogSpec spec;
+        spec.offset = qint16(a * 3);
+        outside.analog(spec);
+    }
+    seeds["many-tags-outside-frame"] = outside.data(0, 4000, QByteArray(4000, '\x33')).bytes();
+    seeds["frames-beyond-int"] = Wv2FileWriter()
+                                     .format(2)
+                                     .analog(Wv2AnalogSpec())
+                                     .data(0, 0x80000001u, QByteArray(16, '\0'))
+                                     .bytes();
     return seeds;
 }
 

@@ -1,4 +1,4 @@
-#include "Views/Painters/ColorStyle.h"
+#include "Settings/ColorStyle.h"
 
 namespace KV {
 namespace Cfg {
