@@ -163,13 +163,20 @@ template<typename Work> void measure(benchmark::State& state, Work work)
     state.counters["limit_MiB"] = storeMebibytes() + 10.0 + 32.0;
 }
 
+// Argument 0: every member deflated, as by default; 1: the .DAT stored (korvane-convert --store).
 void convertFloat32Set(benchmark::State& state)
 {
-    measure(state, [](const BenchSet& set, const QString& target) {
+    const bool storeSamples = state.range(0) != 0;
+    const qint64 datBytes = QFileInfo(benchSet().dat).size();
+    double zipped = 0;
+    measure(state, [storeSamples, &zipped](const BenchSet& set, const QString& target) {
         QString error;
-        if (!Converter::convertOsc({ set.cfg, target }, error))
+        if (!Converter::convertOsc({ set.cfg, target }, error, storeSamples))
             std::abort();
+        zipped = double(QFileInfo(target).size());
     });
+    state.counters["size_ratio"] = zipped / double(datBytes);
+    state.counters["MiB_per_cpu_s"] = double(datBytes) / mebibyte / state.counters["work_cpu_s"];
 }
 
 // The record is opened outside the measured part; its store is then already resident, so the
@@ -233,7 +240,7 @@ BENCHMARK(zipLevel)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(1);
 BENCHMARK(openFloat32Set)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
-BENCHMARK(convertFloat32Set)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(convertFloat32Set)->Arg(0)->Arg(1)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(saveOpenedRecord)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 
 int main(int argc, char** argv)

@@ -1,10 +1,12 @@
-// The batch host: korvane-convert SOURCE DESTINATION converts a record without a window. On
-// failure the reason goes to the error output and the exit code is 1.
+// The batch host: korvane-convert [--store] SOURCE DESTINATION converts a record without a window.
+// --store keeps the samples of a COMTRADE archive uncompressed. On failure the reason goes to the
+// error output and the exit code is 1.
 
 #include "Model/EasyLibKorvane.h"
 #include "Savers/Converter.h"
 
 #include <QCoreApplication>
+#include <QStringList>
 #include <QTextStream>
 
 int main(int argc, char* argv[])
@@ -12,7 +14,9 @@ int main(int argc, char* argv[])
     QCoreApplication app(argc, argv);
     EasyLibKorvane::initialize();
     QString error;
-    if (Converter::convertOsc(app.arguments().mid(1), error))
+    QStringList args = app.arguments().mid(1);
+    const bool store = args.removeAll(QStringLiteral("--store")) > 0;
+    if (Converter::convertOsc(args, error, store))
         return 0;
     QTextStream err(stderr);
     err.setCodec("UTF-8");

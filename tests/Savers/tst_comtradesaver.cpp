@@ -886,24 +886,38 @@ private slots:
         }
     }
 
-    // The samples, the bulk of a set, are stored as they are; the small text files are deflated.
-    // Every member's CRC-32 and sizes agree with its bytes, as any zip reader checks them.
-    void samplesAreStoredAndTextsDeflated()
+    // A zip reader keeps each member's method in the central directory (8 deflated, 0 stored).
+    // Every member is deflated unless the samples are asked to be stored as they are; either way
+    // each member's CRC-32 and sizes agree with its bytes, as any zip reader checks them.
+    void zipMethods_data()
     {
+        QTest::addColumn<bool>("storeSamples");
+        QTest::addColumn<QList<int>>("methods");
+        QTest::newRow("default") << false << QList<int> { 8, 8, 8, 8 };
+        QTest::newRow("samples stored") << true << QList<int> { 8, 8, 8, 0 };
+    }
+    void zipMethods()
+    {
+        QFETCH(bool, storeSamples);
+        QFETCH(QList<int>, methods);
         const QString target = freshPath();
-        QVERIFY(save(makeSaverRecord({}), target).ok);
+        QVERIFY(save(makeSaverRecord({}), target, [storeSamples](ComtradeSaver& saver) {
+            QVERIFY(!saver.storesSamples());
+            saver.setStoreSamples(storeSamples);
+        }).ok);
         const QList<ZipDirectoryEntry> directory = zipDirectory(target);
         const QList<ZipEntryInfo> entries = readZip(target);
         QCOMPARE(directory.size(), 4);
         QCOMPARE(entries.size(), 4);
-        const QList<int> methods { 8, 8, 8, 0 };
         for (int i = 0; i < 4; ++i) {
             QCOMPARE(directory[i].rawName, entries[i].rawName);
             QCOMPARE(directory[i].method, methods[i]);
             QCOMPARE(directory[i].size, quint32(entries[i].data.size()));
             QCOMPARE(directory[i].crc, zipCrc32(entries[i].data));
         }
-        QCOMPARE(directory[3].compressedSize, directory[3].size);
+        // A stored member takes exactly its own size; a deflated text file shrinks.
+        if (storeSamples)
+            QCOMPARE(directory[3].compressedSize, directory[3].size);
         QVERIFY(directory[2].compressedSize < directory[2].size);
     }
 
