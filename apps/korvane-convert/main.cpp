@@ -1,11 +1,13 @@
-// The batch host: korvane-convert [--strict] SOURCE DESTINATION converts a record without a
-// window. On failure the reason goes to the error output and the exit code is 1.
+// The batch host: korvane-convert [--strict] [--store] SOURCE DESTINATION converts a record
+// without a window. --store keeps the samples of a COMTRADE archive uncompressed. On failure
+// the reason goes to the error output and the exit code is 1.
 
 #include "Model/EasyLibKorvane.h"
 #include "Savers/Converter.h"
 #include "apps/ReadingOption.h"
 
 #include <QCoreApplication>
+#include <QStringList>
 #include <QTextStream>
 
 int main(int argc, char* argv[])
@@ -13,7 +15,9 @@ int main(int argc, char* argv[])
     QCoreApplication app(argc, argv);
     EasyLibKorvane::initialize();
     QString error;
-    if (Converter::convertOsc(applyReadingOption(app.arguments().mid(1)), error))
+    QStringList args = applyReadingOption(app.arguments().mid(1));
+    const bool store = args.removeAll(QStringLiteral("--store")) > 0;
+    if (Converter::convertOsc(args, error, store))
         return 0;
     QTextStream err(stderr);
     err.setCodec("UTF-8");
