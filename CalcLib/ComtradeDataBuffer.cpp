@@ -35,11 +35,6 @@ int64_t truncateToInt64(double value)
     return static_cast<int64_t>(value);
 }
 
-template<typename T> void storeValue(void* values, uint32_t index, T value)
-{
-    std::memcpy(static_cast<unsigned char*>(values) + size_t(index) * sizeof(T), &value, sizeof(T));
-}
-
 template<typename T> T loadValue(const void* values, uint32_t index)
 {
     T value;
@@ -55,42 +50,116 @@ float narrowToFloat(double value)
         return -std::numeric_limits<float>::infinity();
     return static_cast<float>(value);
 }
+
+// The representation of each format, from an integer or from a floating value. Toward integers a
+// floating value is truncated toward zero and keeps its low bits; toward float32 what is too large
+// becomes infinite.
+struct AsDouble
+{
+    using Out = double;
+    static double of(int32_t value) { return value; }
+    static double of(double value) { return value; }
+};
+struct AsInt16
+{
+    using Out = int16_t;
+    static int16_t of(int32_t value) { return static_cast<int16_t>(static_cast<uint16_t>(value)); }
+    static int16_t of(double value)
+    {
+        return static_cast<int16_t>(static_cast<uint16_t>(truncateToInt64(value)));
+    }
+};
+struct AsInt32
+{
+    using Out = int32_t;
+    static int32_t of(int32_t value) { return value; }
+    static int32_t of(double value)
+    {
+        return static_cast<int32_t>(static_cast<uint32_t>(truncateToInt64(value)));
+    }
+};
+struct AsFloat
+{
+    using Out = float;
+    static float of(int32_t value) { return static_cast<float>(value); }
+    static float of(double value) { return narrowToFloat(value); }
+};
+
+// Integers stay integers on the way, floating values become doubles.
+int32_t widened(int16_t value)
+{
+    return value;
+}
+int32_t widened(int32_t value)
+{
+    return value;
+}
+double widened(float value)
+{
+    return value;
+}
+double widened(double value)
+{
+    return value;
+}
+
+template<typename Format, typename T> void storeRun(void* values, uint32_t first, const T* in, uint32_t count)
+{
+    using Out = typename Format::Out;
+    Out* out = static_cast<Out*>(values) + first;
+    for (uint32_t i = 0; i < count; ++i) {
+        const Out value = Format::of(widened(in[i]));
+        std::memcpy(out + i, &value, sizeof(Out));
+    }
+}
+
+template<typename T> void storeRunIn(int format, void* values, uint32_t first, const T* in, uint32_t count)
+{
+    switch (format) {
+    case 0:
+        storeRun<AsDouble>(values, first, in, count);
+        break;
+    case 1:
+        storeRun<AsInt16>(values, first, in, count);
+        break;
+    case 2:
+        storeRun<AsInt32>(values, first, in, count);
+        break;
+    default:
+        storeRun<AsFloat>(values, first, in, count);
+        break;
+    }
+}
 } // namespace
 
 void ComtradeSample::setAnalogFromDouble(uint32_t index, double value)
 {
-    switch (format) {
-    case 0:
-        storeValue(analogValues, index, value);
-        break;
-    case 1:
-        storeValue(analogValues, index, static_cast<int16_t>(static_cast<uint16_t>(truncateToInt64(value))));
-        break;
-    case 2:
-        storeValue(analogValues, index, static_cast<int32_t>(static_cast<uint32_t>(truncateToInt64(value))));
-        break;
-    default:
-        storeValue(analogValues, index, narrowToFloat(value));
-        break;
-    }
+    storeRunIn(format, analogValues, index, &value, 1);
 }
 
 void ComtradeSample::setAnalogFromInt(uint32_t index, int32_t value)
 {
-    switch (format) {
-    case 0:
-        storeValue(analogValues, index, static_cast<double>(value));
-        break;
-    case 1:
-        storeValue(analogValues, index, static_cast<int16_t>(static_cast<uint16_t>(value)));
-        break;
-    case 2:
-        storeValue(analogValues, index, value);
-        break;
-    default:
-        storeValue(analogValues, index, static_cast<float>(value));
-        break;
-    }
+    storeRunIn(format, analogValues, index, &value, 1);
+}
+
+void ComtradeSample::setAnalogs(uint32_t first, const int16_t* values, uint32_t count)
+{
+    storeRunIn(format, analogValues, first, values, count);
+}
+
+void ComtradeSample::setAnalogs(uint32_t first, const int32_t* values, uint32_t count)
+{
+    storeRunIn(format, analogValues, first, values, count);
+}
+
+void ComtradeSample::setAnalogs(uint32_t first, const float* values, uint32_t count)
+{
+    storeRunIn(format, analogValues, first, values, count);
+}
+
+void ComtradeSample::setAnalogs(uint32_t first, const double* values, uint32_t count)
+{
+    storeRunIn(format, analogValues, first, values, count);
 }
 
 double ComtradeSample::analogAsDouble(uint32_t index) const

@@ -21,6 +21,12 @@ struct KORVANE_EXPORT ComtradeSample
     void setAnalogFromDouble(uint32_t index, double value);
     // Stores an integer; 16-bit formats keep its low half.
     void setAnalogFromInt(uint32_t index, int32_t value);
+    // The same for count values from index first on, the format looked at once for the run:
+    // integers as setAnalogFromInt, floating values as setAnalogFromDouble.
+    void setAnalogs(uint32_t first, const int16_t* values, uint32_t count);
+    void setAnalogs(uint32_t first, const int32_t* values, uint32_t count);
+    void setAnalogs(uint32_t first, const float* values, uint32_t count);
+    void setAnalogs(uint32_t first, const double* values, uint32_t count);
     double analogAsDouble(uint32_t index) const;
     void setDigital(uint32_t index, uint8_t value) { digitalValues[index] = value; }
 };

@@ -101,6 +101,10 @@ bool ZipArchive::openForWriting()
     m_archive = archive_write_new();
     archive_write_set_format_zip(m_archive);
     archive_write_zip_set_compression_deflate(m_archive);
+    if (m_compressionLevel >= 1 && m_compressionLevel <= 9) {
+        const QByteArray level = QByteArray::number(m_compressionLevel);
+        archive_write_set_format_option(m_archive, "zip", "compression-level", level.constData());
+    }
     if (localeIsUtf8())
         archive_write_set_format_option(m_archive, "zip", "hdrcharset", "CP866");
     archive_write_open_FILE(m_archive, m_file);
@@ -242,7 +246,7 @@ bool ZipArchive::copyEntryData(const QString& target, qint64 limit)
     }
 }
 
-bool ZipArchive::addFile(const QString& entryName, const QString& sourcePath)
+bool ZipArchive::addFile(const QString& entryName, const QString& sourcePath, Method method)
 {
     if (m_mode != WriteOnly) {
         m_error = QStringLiteral("Archive is not open");
@@ -258,15 +262,17 @@ bool ZipArchive::addFile(const QString& entryName, const QString& sourcePath)
     archive_entry_set_mtime(entry, info.lastModified().toSecsSinceEpoch(), 0);
     archive_entry_set_filetype(entry, AE_IFREG);
     archive_entry_set_perm(entry, 0644);
+    if (method == Method::Store)
+        archive_write_zip_set_compression_store(m_archive);
+    else
+        archive_write_zip_set_compression_deflate(m_archive);
     archive_write_header(m_archive, entry);
     QFile source(sourcePath);
     if (source.open(QIODevice::ReadOnly)) {
-        while (!source.atEnd()) {
-            const QByteArray piece = source.read(writePieceSize);
-            if (piece.isEmpty())
-                break;
-            archive_write_data(m_archive, piece.constData(), size_t(piece.size()));
-        }
+        QByteArray piece(int(writePieceSize), Qt::Uninitialized);
+        qint64 read = 0;
+        while ((read = source.read(piece.data(), writePieceSize)) > 0)
+            archive_write_data(m_archive, piece.constData(), size_t(read));
     }
     archive_entry_free(entry);
     return true;

@@ -49,10 +49,18 @@ public:
     // very well, none for an archive built to fill the disk.
     static qint64 memberLimit(qint64 archiveBytes);
 
-    // Writing: one deflated entry named entryName (stored in CP866) with the bytes of sourcePath,
-    // its size and modification time, permissions 644. A source that cannot be read gives an
-    // entry header without data.
-    bool addFile(const QString& entryName, const QString& sourcePath);
+    // How the bytes of an entry go into the archive: deflated, or stored as they are (both are
+    // read by every zip reader).
+    enum class Method { Deflate, Store };
+
+    // Writing: one entry named entryName (stored in CP866) with the bytes of sourcePath, its size
+    // and modification time, permissions 644. A source that cannot be read gives an entry header
+    // without data.
+    bool addFile(const QString& entryName, const QString& sourcePath, Method method = Method::Deflate);
+    // Deflate level of the deflated entries: 1 (fastest) to 9 (smallest); any other value keeps
+    // zlib's default, 6. Set it before open(WriteOnly).
+    void setCompressionLevel(int level) { m_compressionLevel = level; }
+    int compressionLevel() const { return m_compressionLevel; }
 
     // The name of a member as it is written out: characters that file systems refuse become
     // underscores and blanks go.
@@ -74,4 +82,5 @@ private:
     int m_skippedCount = 0;
     QFile m_readFile;
     std::FILE* m_file = nullptr;
+    int m_compressionLevel = -1;
 };

@@ -7,6 +7,11 @@
 #include <QSharedPointer>
 #include <QVector>
 
+#include <memory>
+#include <mutex>
+
+class SampleSummaries;
+
 // The block that the builder fills and the store then owns. Every block is sample-major: the
 // value of column c at sample s stands at s * countOfChannels + c, with the count of that type.
 struct OscillogramDataPrivate
@@ -101,6 +106,10 @@ public:
     int countOfChannelsOfType(DT::DataType type) const;
     int dataSizeOfType(DT::DataType type) const;
 
+    // Least and greatest samples of each analogue column at several resolutions, for pictures
+    // whose cost must not grow with the samples. Made on first use, safely from any thread.
+    const SampleSummaries& summaries() const;
+
 private:
     // A read-only view of one block, taken once the store is complete: reads of whole columns go
     // through it without the indirections of the private block and its vectors.
@@ -127,6 +136,8 @@ private:
     BlockView<float> m_floats;
     BlockView<int> m_int32s;
     BlockView<short> m_int16s;
+    mutable std::once_flag m_summariesOnce;
+    mutable std::shared_ptr<SampleSummaries> m_summaries;
 };
 
 // Fills a store once: reserve, append or set, then build().

@@ -20,6 +20,7 @@ set(KORVANE_MODEL_SOURCES
     Model/OscillogramLoader.cpp
     Model/OscillogramLoaderFactory.cpp
     Model/Oscillograms.cpp
+    Model/SampleSummary.cpp
     Model/PreciseDateTime.cpp
     Model/ProgressCoalescer.cpp
     Model/ProgressDialog.cpp

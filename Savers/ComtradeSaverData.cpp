@@ -5,16 +5,19 @@
 
 #include <QDebug>
 
+// A run of neighbouring columns of one type, read together for each sample.
 struct ComtradeSaver::ColumnSource
 {
     const OscillogramData* store = nullptr;
     DT::DataType type = DT::None;
     int column = 0;
+    int count = 1;
 };
 
 namespace {
 // Filtered channels are read from their own column; the full set by index, which is the
 // column wherever all analogue channels share one type, as they do in every loaded record.
+// Channels that follow each other in the store join into one run.
 template<typename ChannelOf>
 std::vector<ComtradeSaver::ColumnSource> sourcesOf(int count, bool onlySelected, ChannelOf channelOf)
 {
@@ -23,28 +26,56 @@ std::vector<ComtradeSaver::ColumnSource> sourcesOf(int count, bool onlySelected,
         const auto channel = channelOf(i);
         if (onlySelected && !channel->isSelected())
             continue;
-        sources.push_back(
-            { channel->data().data(), channel->dataType(), onlySelected ? channel->dataOffset() : i });
+        const ComtradeSaver::ColumnSource next { channel->data().data(), channel->dataType(),
+            onlySelected ? channel->dataOffset() : i, 1 };
+        if (!sources.empty()) {
+            ComtradeSaver::ColumnSource& last = sources.back();
+            if (last.store == next.store && last.type == next.type
+                && last.column + last.count == next.column) {
+                ++last.count;
+                continue;
+            }
+        }
+        sources.push_back(next);
     }
     return sources;
 }
 
 // The raw number as Channel::getValue reads it, for the discrete columns.
-double rawValue(const ComtradeSaver::ColumnSource& source, int sample)
+double rawValue(const ComtradeSaver::ColumnSource& source, int sample, int column)
 {
     switch (source.type) {
     case DT::Int16:
-        return source.store->int16ChannelValue(sample, source.column);
+        return source.store->int16ChannelValue(sample, column);
     case DT::Int32:
-        return source.store->int32ChannelValue(sample, source.column);
+        return source.store->int32ChannelValue(sample, column);
     case DT::Float:
-        return source.store->floatChannelValue(sample, source.column);
+        return source.store->floatChannelValue(sample, column);
     case DT::Double:
-        return source.store->doubleChannelValue(sample, source.column);
+        return source.store->doubleChannelValue(sample, column);
     case DT::Digital:
-        return source.store->digitalChannelValue(sample, source.column) ? 1.0 : 0.0;
+        return source.store->digitalChannelValue(sample, column) ? 1.0 : 0.0;
     default:
         return 0.0;
+    }
+}
+
+// The values of a run at one sample into the sample's slots from index on. Where the run lies
+// wholly inside the block the values are taken in one piece; otherwise value by value, a value
+// beyond the end counting 0 as the store's reads have it.
+template<typename T>
+void putRun(ComtradeSample& sample, uint32_t index, const QVector<T>& block, int countOfChannels,
+    const ComtradeSaver::ColumnSource& source, int recordSample)
+{
+    const qint64 first = qint64(recordSample) * countOfChannels + source.column;
+    if (first >= 0 && first + source.count <= block.size()) {
+        sample.setAnalogs(index, block.constData() + first, uint32_t(source.count));
+        return;
+    }
+    for (int j = 0; j < source.count; ++j) {
+        const qint64 at = first + j;
+        const T value = at >= 0 && at < block.size() ? block.at(int(at)) : T(0);
+        sample.setAnalogs(index + uint32_t(j), &value, 1);
     }
 }
 } // namespace
@@ -106,28 +137,39 @@ int ComtradeSaver::fillSample(ComtradeSample& sample, int recordSample,
 {
     uint32_t index = 0;
     for (const ColumnSource& source : analogs) {
+        const OscillogramData& store = *source.store;
         switch (source.type) {
         case DT::Int16:
-            sample.setAnalogFromInt(index, source.store->int16ChannelValue(recordSample, source.column));
+            putRun(sample, index, store.int16AnalogValues(), store.countOfInt16AnalogChannels(), source,
+                recordSample);
             break;
         case DT::Int32:
-            sample.setAnalogFromInt(index, source.store->int32ChannelValue(recordSample, source.column));
+            putRun(sample, index, store.int32AnalogValues(), store.countOfInt32AnalogChannels(), source,
+                recordSample);
             break;
         case DT::Float:
-            sample.setAnalogFromDouble(index, source.store->floatChannelValue(recordSample, source.column));
+            putRun(sample, index, store.floatAnalogValues(), store.countOfFloatAnalogChannels(), source,
+                recordSample);
             break;
         case DT::Double:
-            sample.setAnalogFromDouble(index, source.store->doubleChannelValue(recordSample, source.column));
+            putRun(sample, index, store.doubleAnalogValues(), store.countOfDoubleAnalogChannels(), source,
+                recordSample);
             break;
         default:
             qDebug() << "Error value type";
             return -1;
         }
-        ++index;
+        index += uint32_t(source.count);
     }
     index = 0;
-    for (const ColumnSource& source : digitals)
-        sample.setDigital(index++, static_cast<uint8_t>(static_cast<int>(rawValue(source, recordSample))));
+    for (const ColumnSource& source : digitals) {
+        for (int column = source.column; column < source.column + source.count; ++column) {
+            const uint8_t value = source.type == DT::Digital
+                ? uint8_t(source.store->digitalChannelValue(recordSample, column))
+                : static_cast<uint8_t>(static_cast<int>(rawValue(source, recordSample, column)));
+            sample.setDigital(index++, value);
+        }
+    }
     return 0;
 }
 

@@ -61,15 +61,19 @@ int ComtradeSaver::zipFiles()
     const QString base = fileInfo().completeBaseName();
     {
         ZipArchive archive(decoded(m_zipPath));
+        archive.setCompressionLevel(zipLevel);
         if (!archive.open(ZipArchive::WriteOnly))
             return -1;
         archive.addFile(base + QStringLiteral(".INF"), decoded(m_infPath));
         archive.addFile(base + QStringLiteral(".HDR"), decoded(m_hdrPath));
         archive.addFile(base + QStringLiteral(".CFG"), decoded(m_cfgPath));
-        archive.addFile(base + QStringLiteral(".DAT"), decoded(m_datPath));
+        const auto samplesMethod = m_storeSamples ? ZipArchive::Method::Store : ZipArchive::Method::Deflate;
+        archive.addFile(base + QStringLiteral(".DAT"), decoded(m_datPath), samplesMethod);
     }
     const QString target = fileInfo().absoluteFilePath();
     if (QFile::exists(target))
         QFile::remove(target);
-    return QFile::copy(decoded(m_zipPath), target) ? 0 : -1;
+    // The archive is finished and no longer needed here: moving it costs nothing where the
+    // temporary folder and the target share a file system, and falls back to a copy elsewhere.
+    return QFile::rename(decoded(m_zipPath), target) ? 0 : -1;
 }

@@ -2,6 +2,7 @@
 
 #include "Model/EasyLibKorvane.h"
 #include "Model/SimpleOscillogram.h"
+#include "Savers/ComtradeSaver.h"
 #include "Savers/OscSaverFactory.h"
 #include "Savers/WaveSaver.h"
 
@@ -12,6 +13,11 @@
 #include <memory>
 
 bool Converter::convertOsc(const QStringList& args, QString& error)
+{
+    return convertOsc(args, error, false);
+}
+
+bool Converter::convertOsc(const QStringList& args, QString& error, bool storeSamples)
 {
     if (args.size() != 2) {
         error = tr("Неверное количество аргументов");
@@ -49,6 +55,8 @@ bool Converter::convertOsc(const QStringList& args, QString& error)
         return false;
     }
     saver->setCodec(QStringLiteral("UTF-8"));
+    if (auto* comtrade = dynamic_cast<ComtradeSaver*>(saver.get()))
+        comtrade->setStoreSamples(storeSamples);
     saver->saveProcess();
     if (!saver->isOk()) {
         error = tr("Ошибка конвертации");

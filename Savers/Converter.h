@@ -14,6 +14,9 @@ public:
     // args: the source path and the destination path. True when the destination was written;
     // otherwise error tells why.
     static bool convertOsc(const QStringList& args, QString& error);
+    // As above; with storeSamples a COMTRADE archive keeps its .DAT uncompressed: faster to write,
+    // several times larger.
+    static bool convertOsc(const QStringList& args, QString& error, bool storeSamples);
     static int getTz();
 
 private:

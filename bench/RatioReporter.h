@@ -14,9 +14,13 @@ class RatioReporter : public benchmark::ConsoleReporter
 public:
     void ReportRuns(const std::vector<Run>& runs) override
     {
-        for (const Run& run : runs)
-            times[run.benchmark_name().substr(0, run.benchmark_name().find('/'))] = run.GetAdjustedRealTime();
+        for (const Run& run : runs) {
+            const std::string name = run.benchmark_name().substr(0, run.benchmark_name().find('/'));
+            times[name] = run.GetAdjustedRealTime();
+            cpuTimes[name] = run.GetAdjustedCPUTime();
+        }
         ConsoleReporter::ReportRuns(runs);
     }
     std::map<std::string, double> times;
+    std::map<std::string, double> cpuTimes;
 };

@@ -6,6 +6,7 @@
 // does all the work, and wall time), their ratio, the peak of resident memory during the run
 // above what was resident before it, the size of the store, and the limit the peak must stay
 // under: the store, the 10 MiB block budget and 32 MiB.
+#include "Loaders/ZipArchive.h"
 #include "Model/EasyLibKorvane.h"
 #include "Model/Oscillogram.h"
 #include "Savers/ComtradeSaver.h"
@@ -13,6 +14,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include "BenchMeasures.h"
@@ -161,13 +163,20 @@ template<typename Work> void measure(benchmark::State& state, Work work)
     state.counters["limit_MiB"] = storeMebibytes() + 10.0 + 32.0;
 }
 
+// Argument 0: every member deflated, as by default; 1: the .DAT stored (korvane-convert --store).
 void convertFloat32Set(benchmark::State& state)
 {
-    measure(state, [](const BenchSet& set, const QString& target) {
+    const bool storeSamples = state.range(0) != 0;
+    const qint64 datBytes = QFileInfo(benchSet().dat).size();
+    double zipped = 0;
+    measure(state, [storeSamples, &zipped](const BenchSet& set, const QString& target) {
         QString error;
-        if (!Converter::convertOsc({ set.cfg, target }, error))
+        if (!Converter::convertOsc({ set.cfg, target }, error, storeSamples))
             std::abort();
+        zipped = double(QFileInfo(target).size());
     });
+    state.counters["size_ratio"] = zipped / double(datBytes);
+    state.counters["MiB_per_cpu_s"] = double(datBytes) / mebibyte / state.counters["work_cpu_s"];
 }
 
 // The record is opened outside the measured part; its store is then already resident, so the
@@ -195,10 +204,43 @@ void openFloat32Set(benchmark::State& state)
             std::abort();
     });
 }
+
+// The packing step alone, at each deflate level that the saver could use (0 stores): the .DAT of
+// the set into a zip, with the archive's size beside the processor time, so that the level is
+// chosen on measured figures. Baseline: the plain copy of the same bytes.
+void zipLevel(benchmark::State& state)
+{
+    const int level = int(state.range(0));
+    const qint64 datBytes = QFileInfo(benchSet().dat).size();
+    double zipped = 0;
+    measure(state, [level, &zipped](const BenchSet& set, const QString& target) {
+        {
+            ZipArchive archive(target);
+            archive.setCompressionLevel(level);
+            const auto method = level == 0 ? ZipArchive::Method::Store : ZipArchive::Method::Deflate;
+            if (!archive.open(ZipArchive::WriteOnly)
+                || !archive.addFile(QStringLiteral("bench.dat"), set.dat, method))
+                std::abort();
+        }
+        zipped = double(QFileInfo(target).size());
+    });
+    state.counters["zip_MiB"] = zipped / mebibyte;
+    state.counters["size_ratio"] = zipped / double(datBytes);
+    state.counters["MiB_per_cpu_s"] = double(datBytes) / mebibyte / state.counters["work_cpu_s"];
+}
 } // namespace
 
+BENCHMARK(zipLevel)
+    ->Arg(0)
+    ->Arg(1)
+    ->Arg(2)
+    ->Arg(3)
+    ->Arg(6)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1);
 BENCHMARK(openFloat32Set)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
-BENCHMARK(convertFloat32Set)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(convertFloat32Set)->Arg(0)->Arg(1)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(saveOpenedRecord)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 
 int main(int argc, char** argv)

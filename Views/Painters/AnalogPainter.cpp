@@ -24,6 +24,7 @@ struct AnalogPainter::Private
     bool isComtrade = false;
     bool isWv2 = false;
     bool anomalyPaint = false;
+    bool usesSummary = true;
     QVector<QRgb> phaseColors;
     QVector<QRgb> componentColors;
     QList<AnomalyData> spans;
@@ -248,6 +249,14 @@ void AnalogPainter::setAnomalyPaint(bool paint)
 {
     d->anomalyPaint = paint;
 }
+bool AnalogPainter::usesSummary() const
+{
+    return d->usesSummary;
+}
+void AnalogPainter::setUsesSummary(bool uses)
+{
+    d->usesSummary = uses;
+}
 void AnalogPainter::setAnomalySpans(const QList<AnomalyData>& spans)
 {
     d->spans = spans;
@@ -297,10 +306,14 @@ struct TraceContext
     int startSample;
     int count;
     AnomalyFrames frames;
+    bool usesSummary;
 };
 
 // Case of a small scale: one vertical span per pixel column from the least to the greatest of the
 // samples it covers, sharing one sample with the next column so that the trace stays joined.
+// How many pixel columns ahead the summary's memory is asked for.
+constexpr int prefetchColumns = 3;
+
 template<typename T>
 void decimatedTrace(const TraceContext& c, const T* values, long long size, int stride, QRgb color)
 {
@@ -314,12 +327,15 @@ void decimatedTrace(const TraceContext& c, const T* values, long long size, int 
     const QRgb anomalyColor = c.frames.color;
     QRgb* pixels = buffer.data();
     const qint64 pixelCapacity = buffer.pixelCapacity();
+    const Decimation::ColumnReader<T> reader(
+        *c.channel.data(), values, size, stride, c.channel.dataOffset(), c.usesSummary);
     long long p = c.channel.dataOffset() + (long long)stride * c.startSample;
     int n = c.startSample;
     for (int x = 0; x < width && x < columns; ++x, p += (long long)spp * stride, n += spp) {
         if (p < 0 || p >= size)
             continue;
-        const auto extremes = Decimation::columnExtremes(values, size, p, stride, spp + 1);
+        reader.prefetch(n + prefetchColumns * (long long)spp, spp + 1);
+        const auto extremes = reader.extremes(n, spp + 1);
         int y1 = c.mapping.row(extremes.low);
         int y2 = c.mapping.row(extremes.high);
         if (inverted) {
@@ -436,7 +452,7 @@ void AnalogPainter::paintTrace(PixelBuffer& buffer) const
     const TraceContext context { channel, buffer,
         VerticalMapping(d->minValue, d->maxValue, d->amplitude, d->offset, buffer.height()), d->xScale,
         d->startSample, visibleCount(buffer.width(), d->xScale, samples, d->startSample),
-        AnomalyFrames { spans, style.anomaly, buffer.height() } };
+        AnomalyFrames { spans, style.anomaly, buffer.height() }, d->usesSummary };
     switch (channel.dataType()) {
     case DT::Int16:
         typedTrace<short>(context, d->isClc, colors);

@@ -42,6 +42,10 @@ public:
     bool anomalyPaint() const;
     void setAnomalyPaint(bool paint);
     void setAnomalySpans(const QList<AnomalyData>& spans);
+    // At small scales the extremes of each pixel column come from the store's summary (the
+    // default), or from a scan of every sample the column covers; the pixels are the same.
+    bool usesSummary() const;
+    void setUsesSummary(bool uses);
     const QVector<QRgb>& phaseColors() const;
     const QVector<QRgb>& componentColors() const;
 

@@ -1,5 +1,6 @@
-// The batch host: korvane-convert [--strict] SOURCE DESTINATION converts a record without a
-// window. On failure the reason goes to the error output and the exit code is 1.
+// The batch host: korvane-convert [--strict] [--store] SOURCE DESTINATION converts a record
+// without a window. --store keeps the samples of a COMTRADE archive uncompressed. On failure
+// the reason goes to the error output and the exit code is 1.
 
 #include "Model/EasyLibKorvane.h"
 #include "Savers/Converter.h"
@@ -8,6 +9,7 @@
 #include "apps/ReadingOption.h"
 
 #include <QCoreApplication>
+#include <QStringList>
 #include <QTextStream>
 
 int main(int argc, char* argv[])
@@ -17,7 +19,9 @@ int main(int argc, char* argv[])
     // The reasons of a failure come in the language the user chose in the settings.
     KorvaneTranslation::install(KorvaneSettings());
     QString error;
-    if (Converter::convertOsc(applyReadingOption(app.arguments().mid(1)), error))
+    QStringList args = applyReadingOption(app.arguments().mid(1));
+    const bool store = args.removeAll(QStringLiteral("--store")) > 0;
+    if (Converter::convertOsc(args, error, store))
         return 0;
     QTextStream err(stderr);
     err.setCodec("UTF-8");

@@ -864,6 +864,114 @@ private slots:
         }
     }
 
+    // A zip reader keeps each member's method in the central directory (8 deflated, 0 stored).
+    // Every member is deflated unless the samples are asked to be stored as they are; either way
+    // each member's CRC-32 and sizes agree with its bytes, as any zip reader checks them.
+    void zipMethods_data()
+    {
+        QTest::addColumn<bool>("storeSamples");
+        QTest::addColumn<QList<int>>("methods");
+        QTest::newRow("default") << false << QList<int> { 8, 8, 8, 8 };
+        QTest::newRow("samples stored") << true << QList<int> { 8, 8, 8, 0 };
+    }
+    void zipMethods()
+    {
+        QFETCH(bool, storeSamples);
+        QFETCH(QList<int>, methods);
+        const QString target = freshPath();
+        QVERIFY(save(makeSaverRecord({}), target, [storeSamples](ComtradeSaver& saver) {
+            QVERIFY(!saver.storesSamples());
+            saver.setStoreSamples(storeSamples);
+        }).ok);
+        const QList<ZipDirectoryEntry> directory = zipDirectory(target);
+        const QList<ZipEntryInfo> entries = readZip(target);
+        QCOMPARE(directory.size(), 4);
+        QCOMPARE(entries.size(), 4);
+        for (int i = 0; i < 4; ++i) {
+            QCOMPARE(directory[i].rawName, entries[i].rawName);
+            QCOMPARE(directory[i].method, methods[i]);
+            QCOMPARE(directory[i].size, quint32(entries[i].data.size()));
+            QCOMPARE(directory[i].crc, zipCrc32(entries[i].data));
+        }
+        // A stored member takes exactly its own size; a deflated text file shrinks.
+        if (storeSamples)
+            QCOMPARE(directory[3].compressedSize, directory[3].size);
+        QVERIFY(directory[2].compressedSize < directory[2].size);
+    }
+
+    // Neighbouring columns of one type are copied together. A run is broken where the type
+    // changes, and a store that holds fewer values than its rows ask reads 0 beyond its end,
+    // in the middle of a run as well.
+    void columnRunsAndAShortStore_data()
+    {
+        QTest::addColumn<int>("format");
+        QTest::newRow("ASCII") << 0;
+        QTest::newRow("16-bit") << 1;
+        QTest::newRow("32-bit") << 2;
+        QTest::newRow("float32") << 3;
+    }
+    void columnRunsAndAShortStore()
+    {
+        QFETCH(int, format);
+        constexpr int samples = 10;
+        constexpr int floatValues = 25; // eight full rows of three, one value of the ninth
+        auto floatValue = [](int index) { return float(index) * 1.5f - 7.25f; };
+        auto shortValue = [](int sample) { return short(sample * 100 - 300); };
+        OscillogramDataBuilder builder;
+        builder.reserve(0, 3, 0, 1, 2, samples);
+        for (int i = 0; i < floatValues; ++i)
+            builder.appendFloatValue(floatValue(i));
+        for (int s = 0; s < samples; ++s) {
+            builder.appendInt16Value(shortValue(s));
+            builder.setDigitalChannelValue(s, 0, saverBit(s, 0));
+            builder.setDigitalChannelValue(s, 1, saverBit(s, 1));
+        }
+        const QSharedPointer<OscillogramData> store = builder.build();
+
+        SaverRecordDescription description;
+        description.analogs = 4;
+        description.samples = samples;
+        description.triggerSample = 5;
+        description.withLines = false;
+        description.withFailures = false;
+        const auto record = makeSaverRecord(description);
+        record->setData(store);
+        // Float columns 0 and 1, the 16-bit column, float column 2.
+        const QList<QPair<DT::DataType, int>> columns { { DT::Float, 0 }, { DT::Float, 1 }, { DT::Int16, 0 },
+            { DT::Float, 2 } };
+        for (int c = 0; c < 4; ++c) {
+            record->analogChannel(c)->setData(store);
+            record->analogChannel(c)->setDataType(columns[c].first);
+            record->analogChannel(c)->setDataOffset(columns[c].second);
+            record->analogChannel(c)->setIsSelected(true);
+        }
+        for (int c = 0; c < 2; ++c) {
+            record->digitalChannel(c)->setData(store);
+            record->digitalChannel(c)->setIsSelected(true);
+        }
+
+        const QString target = freshPath();
+        QVERIFY(save(
+            record, target, [format](ComtradeSaver& saver) { saver.setComtradeFormat(format); }, true)
+                    .ok);
+        const LoadedRecord loaded = loadComtrade(target);
+        QVERIFY2(loaded.record, qPrintable(loaded.error));
+        QCOMPARE(loaded.record->countOfSamples(), samples);
+        for (int s = 0; s < samples; ++s) {
+            for (int c = 0; c < 4; ++c) {
+                const int index = s * 3 + columns[c].second;
+                const double stored = columns[c].first == DT::Int16
+                    ? double(shortValue(s))
+                    : (index < floatValues ? double(floatValue(index)) : 0.0);
+                const double expected = written(stored, columns[c].first, format);
+                QVERIFY2(closeEnough(rawOf(*loaded.record, c, s), expected, format),
+                    qPrintable(QStringLiteral("sample %1 channel %2").arg(s).arg(c)));
+            }
+            QCOMPARE(bitOf(*loaded.record, 0, s), saverBit(s, 0));
+            QCOMPARE(bitOf(*loaded.record, 1, s), saverBit(s, 1));
+        }
+    }
+
     void anExistingTargetIsReplaced()
     {
         const QString target = freshPath();

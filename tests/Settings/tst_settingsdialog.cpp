@@ -38,8 +38,9 @@ struct SeenBox
     QString text;
 };
 
-// Closes the next message box and tells what it said. tries bounds the wait in steps of 10 ms.
-std::shared_ptr<SeenBox> closeNextMessageBox(int tries = 200)
+// Closes the next message box and tells what it said. tries bounds the wait in steps of 10 ms:
+// ten seconds by default, since a loaded machine may take a while to show a box.
+std::shared_ptr<SeenBox> closeNextMessageBox(int tries = 1000)
 {
     auto seen = std::make_shared<SeenBox>();
     whenModalOpens(

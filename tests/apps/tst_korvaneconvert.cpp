@@ -87,6 +87,37 @@ private slots:
         }
     }
 
+    // --store keeps the samples uncompressed (method 0 in the central directory); without it
+    // every member is deflated (method 8). The record reads back the same either way.
+    void storeOption_data()
+    {
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<int>("samplesMethod");
+        QTest::newRow("default") << QStringList() << 8;
+        QTest::newRow("--store") << QStringList { "--store" } << 0;
+    }
+    void storeOption()
+    {
+        QFETCH(QStringList, options);
+        QFETCH(int, samplesMethod);
+        const QString target = m_dir.filePath(QStringLiteral("store-%1.zip").arg(samplesMethod));
+        const Run run = runConvert(options + QStringList { m_source, target });
+        QCOMPARE(run.status, QProcess::NormalExit);
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(run.err.isEmpty());
+        const QList<ZipDirectoryEntry> directory = zipDirectory(target);
+        QCOMPARE(directory.size(), 4);
+        QCOMPARE(directory[3].rawName, cp866(QStringLiteral("store-%1.DAT").arg(samplesMethod)));
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(directory[i].method, 8);
+        QCOMPARE(directory[3].method, samplesMethod);
+        const LoadedRecord loaded = loadComtrade(target);
+        QVERIFY2(loaded.record, qPrintable(loaded.error));
+        QCOMPARE(loaded.record->countOfSamples(), smallSetSamples);
+        for (int s = 0; s < smallSetSamples; ++s)
+            QCOMPARE(loaded.record->analogChannel(1)->Channel::getValue(s, 1), smallSetRaw(s, 1));
+    }
+
     void refusals_data()
     {
         QTest::addColumn<QStringList>("args");

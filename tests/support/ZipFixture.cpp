@@ -85,4 +85,57 @@ QByteArray cp866(const QString& text)
     return QTextCodec::codecForName("CP866")->fromUnicode(text);
 }
 
+namespace {
+quint32 littleEndian(const QByteArray& bytes, int at, int width)
+{
+    quint32 value = 0;
+    for (int i = width - 1; i >= 0; --i)
+        value = (value << 8) | quint8(bytes.at(at + i));
+    return value;
+}
+} // namespace
+
+QList<ZipDirectoryEntry> zipDirectory(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray bytes = file.readAll();
+    // The end record (0x06054b50), looked for from the back as readers do: a writer may pad the
+    // archive after it.
+    int end = bytes.size() - 22;
+    while (end >= 0 && littleEndian(bytes, end, 4) != 0x06054b50u)
+        --end;
+    if (end < 0)
+        return {};
+    const int count = int(littleEndian(bytes, end + 10, 2));
+    int at = int(littleEndian(bytes, end + 16, 4));
+    QList<ZipDirectoryEntry> entries;
+    for (int i = 0; i < count; ++i) {
+        if (at + 46 > bytes.size() || littleEndian(bytes, at, 4) != 0x02014b50u)
+            return {};
+        ZipDirectoryEntry entry;
+        entry.method = int(littleEndian(bytes, at + 10, 2));
+        entry.crc = littleEndian(bytes, at + 16, 4);
+        entry.compressedSize = littleEndian(bytes, at + 20, 4);
+        entry.size = littleEndian(bytes, at + 24, 4);
+        const int nameLength = int(littleEndian(bytes, at + 28, 2));
+        entry.rawName = bytes.mid(at + 46, nameLength);
+        entries.append(entry);
+        at += 46 + nameLength + int(littleEndian(bytes, at + 30, 2)) + int(littleEndian(bytes, at + 32, 2));
+    }
+    return entries;
+}
+
+quint32 zipCrc32(const QByteArray& bytes)
+{
+    quint32 crc = 0xFFFFFFFFu;
+    for (const char byte : bytes) {
+        crc ^= quint8(byte);
+        for (int bit = 0; bit < 8; ++bit)
+            crc = (crc >> 1) ^ (0xEDB88320u & (0u - (crc & 1u)));
+    }
+    return ~crc;
+}
+
 } // namespace KorvaneTest
