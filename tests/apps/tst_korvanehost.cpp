@@ -68,14 +68,14 @@ private slots:
         QVERIFY(KorvaneTest::writeFile(dir.filePath(QStringLiteral("r.dat")), KorvaneTest::comtradeDat(set)));
 
         const QString configHome = dir.filePath(QStringLiteral("config"));
-        Run run = runHost({ path }, configHome);
+        Run run = runHost({ QStringLiteral("--summary"), path }, configHome);
         QCOMPARE(run.exitCode, 0);
         QVERIFY(run.out.contains(
             QStringLiteral("Прочитано в режиме совместимости: год ревизии \"2000\" прочитан как 1999\n")));
 
         QVERIFY(KorvaneTest::writeFile(
             configHome + QStringLiteral("/korvane/Korvane.ini"), "[Loading]\nCompatible=false\n"));
-        run = runHost({ path }, configHome);
+        run = runHost({ QStringLiteral("--summary"), path }, configHome);
         QCOMPARE(run.exitCode, 1);
     }
 
