@@ -149,6 +149,8 @@ void OscillogramView::connectModel()
     d->timeLine->setOscillogramViewModel(d->model);
     d->currentTimePosition->setOscillogramViewModel(d->model);
     connect(d->model.data(), &OscillogramViewModel::sigWaveChanged, this, &OscillogramView::slotCheckWave);
+    connect(d->model.data(), &OscillogramViewModel::sigRepopulateCalculatedWave, this,
+        &OscillogramView::slotCalculatedWaveRepopulate);
     connect(d->model.data(), &OscillogramViewModel::sigRightMouseClicked, this,
         &OscillogramView::slotRightClicked);
     connect(this, &OscillogramView::sigSettingsChanged, this, &OscillogramView::slotWidthForPanelChanged);

@@ -117,6 +117,33 @@ public slots:
     void slotSaveOscillogram();
     void slotSaveAs(int format);
 
+    // The tools, one file each (OscillogramView<Tool>.cpp); an action whose tool is not built yet
+    // stays out of the bars, so its slot is never reached.
+    // Record information and the failure list.
+    void slotShowHdrActionTriggered();
+    void slotFailListTriggered();
+    // Printing.
+    void slotPrint();
+    // Channel selection and the discretes that changed.
+    void slotAdvancedChannelSelectionTriggered();
+    void slotSelectDiscretesTriggered();
+    // Signal shapes and offsets of the analogue channels.
+    void slotSetShapeFormTriggered();
+    void slotMDifferenceTriggered();
+    // Hodograph.
+    void slotHodograph();
+    // Computed signals.
+    void slotShowSignalsCalculator();
+    void slotCalculatedWaveRepopulate(int countOfNewAnalogChannels);
+    // Merging.
+    void slotMergeOscillograms();
+    // Vector diagrams and the spectrum.
+    void slotLineVectorDiagram();
+    void slotSelectedVectorDiagram();
+    void slotSpectrumTriggered();
+    // Behaviour of a signal.
+    void slotChannelBehavior();
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
@@ -137,6 +164,8 @@ private:
     QAction* makeAction(int id);
     void createIconForActions(const QString& plain, const QString& active, QAction* action);
     bool saveTo(const QString& path);
+    // Writes the hodograph of the record as CSV or GDF (FORMATS).
+    void saveHodograph(int format);
 
     QScopedPointer<Private> d;
 };

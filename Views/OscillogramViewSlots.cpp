@@ -263,6 +263,10 @@ void OscillogramView::slotSaveOscillogram()
 
 void OscillogramView::slotSaveAs(int format)
 {
+    if (format == HODOGRAPH_CSV || format == HODOGRAPH_GDF) {
+        saveHodograph(format);
+        return;
+    }
     // A COMTRADE set written elsewhere holds the record as it stands, so the view counts as saved;
     // a CSV table does not.
     if (OscillogramSaveAs::run(format, *d->model, this) && format == COMTRADE)

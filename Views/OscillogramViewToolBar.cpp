@@ -106,6 +106,22 @@ void OscillogramView::connectToolBarActions()
     on(PrevSecond, this, &OscillogramView::slotSetPrevSecond);
     on(NextSecond, this, &OscillogramView::slotSetNextSecond);
     on(SelectColor, this, &OscillogramView::slotSelectColorAction);
+    on(Info, this, &OscillogramView::slotShowHdrActionTriggered);
+    on(Print, this, &OscillogramView::slotPrint);
+    on(ChannelList, this, &OscillogramView::slotAdvancedChannelSelectionTriggered);
+    on(ChangingDiscretes, this, &OscillogramView::slotSelectDiscretesTriggered);
+    on(FailList, this, &OscillogramView::slotFailListTriggered);
+    on(ShapeForm, this, &OscillogramView::slotSetShapeFormTriggered);
+    on(SignalOffset, this, &OscillogramView::slotMDifferenceTriggered);
+    on(Hodograph, this, &OscillogramView::slotHodograph);
+    on(ExportHodographGdf, this, [this]() { slotSaveAs(HODOGRAPH_GDF); });
+    on(ExportHodographCsv, this, [this]() { slotSaveAs(HODOGRAPH_CSV); });
+    on(CalculatedSignals, this, &OscillogramView::slotShowSignalsCalculator);
+    on(Merge, this, &OscillogramView::slotMergeOscillograms);
+    on(LineVectorDiagram, this, &OscillogramView::slotLineVectorDiagram);
+    on(SelectedVectorDiagram, this, &OscillogramView::slotSelectedVectorDiagram);
+    on(Spectrum, this, &OscillogramView::slotSpectrumTriggered);
+    on(ChannelBehavior, this, &OscillogramView::slotChannelBehavior);
     on(ClearColor, this, &OscillogramView::slotClearColorAction);
 }
 

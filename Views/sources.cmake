@@ -32,6 +32,14 @@ set(KORVANE_VIEWS_SOURCES
     Views/OscillogramSaveAs.cpp
     Views/OscillogramView.cpp
     Views/OscillogramViewActions.cpp
+    Views/OscillogramViewHodograph.cpp
+    Views/OscillogramViewInfo.cpp
+    Views/OscillogramViewMerge.cpp
+    Views/OscillogramViewPrint.cpp
+    Views/OscillogramViewSelection.cpp
+    Views/OscillogramViewSignalForms.cpp
+    Views/OscillogramViewSignals.cpp
+    Views/OscillogramViewVector.cpp
     Views/OscillogramViewModel.cpp
     Views/OscillogramViewSlots.cpp
     Views/OscillogramViewToolBar.cpp
@@ -58,3 +66,10 @@ set(KORVANE_VIEWS_SOURCES
     Views/Painters/TimeLayers.cpp
     Views/Painters/ValuesPainter.cpp
 )
+
+# Each tool folder under Views/ lists its own sources in a file whose name ends in "sources.cmake"
+# (Views/Analysis/vector.sources.cmake, Views/Print/sources.cmake ...), appending to the list above.
+file(GLOB KORVANE_VIEW_TOOL_SOURCE_LISTS CONFIGURE_DEPENDS "${CMAKE_CURRENT_LIST_DIR}/*/*sources.cmake")
+foreach(toolList IN LISTS KORVANE_VIEW_TOOL_SOURCE_LISTS)
+    include(${toolList})
+endforeach()
