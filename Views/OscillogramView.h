@@ -137,6 +137,11 @@ public slots:
     void slotCalculatedWaveRepopulate(int countOfNewAnalogChannels);
     // Merging.
     void slotMergeOscillograms();
+signals:
+    // A merge started from this view has put its record into Oscillograms under this name. With
+    // no one listening, the view shows the record in a window of its own.
+    void sigOscillogramMerged(QString name);
+public slots:
     // Vector diagrams and the spectrum.
     void slotLineVectorDiagram();
     void slotSelectedVectorDiagram();

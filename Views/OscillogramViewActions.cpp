@@ -86,7 +86,7 @@ const Description descriptions[Count] = {
     { QT_TRANSLATE_NOOP("OscillogramView", "Вычислимые сигналы"), nullptr, nullptr, "ic_calcSig", nullptr,
         true, false, false },
     { QT_TRANSLATE_NOOP("OscillogramView", "Объединить сигналы открытых осциллограмм в одну осциллограмму"),
-        nullptr, nullptr, "ic_merge_osc", nullptr, false, false, false },
+        nullptr, nullptr, "ic_merge_osc", nullptr, false, false, true },
     { QT_TRANSLATE_NOOP("OscillogramView", "Векторная диаграмма линии"), nullptr, nullptr, "ic_vectorDiagram",
         nullptr, false, false, false },
     { QT_TRANSLATE_NOOP("OscillogramView", "Векторная диаграмма выделенных"),

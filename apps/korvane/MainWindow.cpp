@@ -3,10 +3,12 @@
 #include "Loaders/ComtradeLoader.h"
 #include "Model/EasyLibKorvane.h"
 #include "Model/OscillogramLoader.h"
+#include "Model/Oscillograms.h"
 #include "Model/ProgressDialog.h"
 #include "Settings/KorvaneSettings.h"
 #include "Settings/SettingsDialog.h"
 #include "Views/OscillogramView.h"
+#include "Views/OscillogramViewModel.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -125,14 +127,35 @@ void MainWindow::loadEnded()
 
 void MainWindow::addRecordTab(OscillogramView* view, const QString& path)
 {
-    view->showToolbar();
-    const int index = m_tabs->addTab(view, QFileInfo(path).fileName());
-    m_tabs->setTabToolTip(index, QFileInfo(path).absoluteFilePath());
-    m_tabs->setCurrentIndex(index);
-    connect(view->undoStack(), &QUndoStack::cleanChanged, this, [this, view]() { updateTabText(view); });
+    showRecordTab(view, QFileInfo(path).fileName(), QFileInfo(path).absoluteFilePath());
     m_settings->addLastOpenFile(QFileInfo(path).absoluteFilePath());
     m_settings->saveOpenFiles();
     updateRecentMenu();
+}
+
+void MainWindow::showRecordTab(OscillogramView* view, const QString& title, const QString& toolTip)
+{
+    view->showToolbar();
+    const int index = m_tabs->addTab(view, title);
+    m_tabs->setTabToolTip(index, toolTip);
+    m_tabs->setCurrentIndex(index);
+    connect(view->undoStack(), &QUndoStack::cleanChanged, this, [this, view]() { updateTabText(view); });
+    connect(view, &OscillogramView::sigOscillogramMerged, this, &MainWindow::openMergedRecord);
+}
+
+void MainWindow::openMergedRecord(const QString& name)
+{
+    const QSharedPointer<Oscillogram> record = Oscillograms::instance()->get(name);
+    if (!record)
+        return;
+    auto* view = new OscillogramView(m_settings, this);
+    view->setOscillogram(record);
+    view->initByDefault();
+    // The merged record exists in memory only until it is saved.
+    view->setIsModified(true);
+    showRecordTab(view, name, name);
+    updateTabText(view);
+    emit recordOpened(view);
 }
 
 void MainWindow::updateTabText(OscillogramView* view)
@@ -162,6 +185,9 @@ bool MainWindow::closeTab(int index)
         }
     }
     m_tabs->removeTab(index);
+    // The record is open no more, so the merge dialog no longer offers it.
+    if (const auto record = view->oscillogramViewModel()->oscillogram())
+        Oscillograms::instance()->remove(record);
     view->deleteLater();
     return true;
 }

@@ -9,7 +9,8 @@ class QMenu;
 class QTabWidget;
 
 // The viewer: one tab per open record, the "Файл" menu, the recent files of the settings, and
-// records dropped on the window.
+// records dropped on the window. The records of the tabs are those of Oscillograms, which the
+// merge dialog offers: a closed tab takes its record out, a merged record opens in a new tab.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -46,6 +47,10 @@ private:
     void updateRecentMenu();
     void updateTabText(OscillogramView* view);
     void addRecordTab(OscillogramView* view, const QString& path);
+    // A tab for a view, titled with the name, its tool tip the full name or path.
+    void showRecordTab(OscillogramView* view, const QString& title, const QString& toolTip);
+    // A merged record, which is in Oscillograms under the name, in a tab of its own.
+    void openMergedRecord(const QString& name);
     void loadEnded();
 
     QSharedPointer<KorvaneSettings> m_settings;
