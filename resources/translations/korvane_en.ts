@@ -452,6 +452,13 @@
     </message>
 </context>
 <context>
+    <name>DiaMergeSetup</name>
+    <message>
+        <source>Объединение осциллограмм</source>
+        <translation>Merging records</translation>
+    </message>
+</context>
+<context>
     <name>DiaSaveSettings</name>
     <message>
         <source>Путь:</source>
@@ -548,6 +555,13 @@
     <message>
         <source>Неправильный формат файла</source>
         <translation>Invalid file format</translation>
+    </message>
+</context>
+<context>
+    <name>HorisontalMergeHandler</name>
+    <message>
+        <source>Склейка</source>
+        <translation>Gluing</translation>
     </message>
 </context>
 <context>
@@ -822,6 +836,152 @@ calculator, ms (20 - 80):</translation>
     <message>
         <source>Время</source>
         <translation>Time</translation>
+    </message>
+</context>
+<context>
+    <name>MergeSettingsForm</name>
+    <message>
+        <source>Объединение</source>
+        <translation>Joining</translation>
+    </message>
+    <message>
+        <source>Склейка</source>
+        <translation>Gluing</translation>
+    </message>
+    <message>
+        <source>Готово</source>
+        <translation>Done</translation>
+    </message>
+    <message>
+        <source>Отмена</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>По первой осциллограмме</source>
+        <translation>By the first record</translation>
+    </message>
+    <message>
+        <source>По времени пуска</source>
+        <translation>By the trigger time</translation>
+    </message>
+    <message>
+        <source>По астрономическому времени</source>
+        <translation>By astronomical time</translation>
+    </message>
+    <message>
+        <source>По первому аварийному событию</source>
+        <translation>By the first fault</translation>
+    </message>
+    <message>
+        <source>Название новой осциллограммы</source>
+        <translation>Name of the new record</translation>
+    </message>
+    <message>
+        <source>Осциллограммы</source>
+        <translation>Records</translation>
+    </message>
+    <message>
+        <source>Сигналы</source>
+        <translation>Signals</translation>
+    </message>
+    <message>
+        <source>Название:</source>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>Способ объединения</source>
+        <translation>Way of merging</translation>
+    </message>
+    <message>
+        <source>Выравнивание:</source>
+        <translation>Alignment:</translation>
+    </message>
+    <message>
+        <source>Склейка одноименных каналов разных осциллограмм.</source>
+        <translation>Gluing of the channels of the same name of different records.</translation>
+    </message>
+    <message>
+        <source>Объединение всех каналов выбранных осциллограмм.</source>
+        <translation>Joining all channels of the chosen records.</translation>
+    </message>
+    <message>
+        <source>Осциллограммы не выбраны.</source>
+        <translation>No records chosen.</translation>
+    </message>
+    <message>
+        <source>Склейка осциллограмм невозможна. Осциллограммы расходятся по времени больше чем на 3 минуты.</source>
+        <translation>The records cannot be glued. They lie more than 3 minutes apart in time.</translation>
+    </message>
+    <message>
+        <source>Осциллограммы расходятся по времени, объединение по астрономическому времени невозможно.</source>
+        <translation>The records lie apart in time; joining by astronomical time is impossible.</translation>
+    </message>
+    <message>
+        <source>Объединение по точке аварийного события невозможно. Найдена осциллограмма без аварийного события.</source>
+        <translation>Joining by the fault point is impossible. A record without a fault was found.</translation>
+    </message>
+    <message>
+        <source>Сигналы не выбраны.</source>
+        <translation>No signals chosen.</translation>
+    </message>
+    <message>
+        <source>Проверка конфигурации</source>
+        <translation>Configuration check</translation>
+    </message>
+    <message>
+        <source>Конфигурации осциллограмм отличаются. Удовлетворительный результат склейки не гарантируется. <byte value="xd"/>
+Продолжить склейку?</source>
+        <translation>The configurations of the records differ. A good result of the gluing is not assured. <byte value="xd"/>
+Go on with the gluing?</translation>
+    </message>
+    <message>
+        <source>Внимание</source>
+        <translation>Warning</translation>
+    </message>
+    <message>
+        <source>Частота дискретизации выбранных осциллограмм отличается. 
+Будет выполнена передискретизация по наименьшему значению частоты.</source>
+        <translation>The sample rates of the chosen records differ. 
+They will be resampled to the lowest rate.</translation>
+    </message>
+    <message>
+        <source>Введите название для новой осциллограммы.</source>
+        <translation>Enter a name for the new record.</translation>
+    </message>
+</context>
+<context>
+    <name>OscillogramMergeTask</name>
+    <message>
+        <source>Неизвестный тип объединения осциллограмм.</source>
+        <translation>Unknown kind of merging records.</translation>
+    </message>
+    <message>
+        <source>Эта версия поддерживает объединение только осциллограмм Wv2, Comtrade и осциллограмм, обединенных из Wv2 или Comtrade.</source>
+        <translation>This version merges only Wv2 and Comtrade records and records merged from Wv2 or Comtrade.</translation>
+    </message>
+    <message>
+        <source>Расчет параметров склейки</source>
+        <translation>Working out the merge</translation>
+    </message>
+    <message>
+        <source>Выделение памяти</source>
+        <translation>Allocating memory</translation>
+    </message>
+    <message>
+        <source>Объединенная осциллограмма слишком велика.</source>
+        <translation>The merged record is too large.</translation>
+    </message>
+    <message>
+        <source>Склейка</source>
+        <translation>Gluing</translation>
+    </message>
+    <message>
+        <source>Подготовка результата</source>
+        <translation>Preparing the result</translation>
+    </message>
+    <message>
+        <source> (Не соответствует временной шкале!)</source>
+        <translation> (Does not match the time scale!)</translation>
     </message>
 </context>
 <context>
@@ -1484,6 +1644,13 @@ calculator, ms (20 - 80):</translation>
     <message>
         <source>Град</source>
         <translation>deg</translation>
+    </message>
+</context>
+<context>
+    <name>VerticalMergeHandler</name>
+    <message>
+        <source>Объединение</source>
+        <translation>Joining</translation>
     </message>
 </context>
 <context>
