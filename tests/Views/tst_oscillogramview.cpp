@@ -153,6 +153,8 @@ void TestOscillogramView::toolBarHoldsTheBuiltToolsInOrder()
         QStringLiteral("Установить ноль времени\t"),
         QStringLiteral("В начало секунды\t"),
         QStringLiteral("В конец секунды\t"),
+        QStringLiteral("|"),
+        QStringLiteral("Объединить сигналы открытых осциллограмм в одну осциллограмму\t"),
     };
     QCOMPARE(describe(actions.mid(1)), expected);
 }
@@ -215,9 +217,10 @@ void TestOscillogramView::toolTipsAndCheckableActions()
     QVERIFY(action(Primary)->isCheckable());
     QVERIFY(action(Secondary)->isCheckable());
     QVERIFY(!action(FitXScale)->isCheckable());
-    // The context menu of an analogue row offers the colours.
+    // The context menu of an analogue row offers the merge first, then the colours.
     QCOMPARE(describe(m_view->analogActionList()),
-        QStringList({ QStringLiteral("Выбрать цвет\t"), QStringLiteral("Стандартный цвет\t") }));
+        QStringList({ QStringLiteral("Объединить сигналы открытых осциллограмм в одну осциллограмму\t"),
+            QStringLiteral("Выбрать цвет\t"), QStringLiteral("Стандартный цвет\t") }));
 }
 
 void TestOscillogramView::everyIconPairIsInTheResources()
