@@ -16,6 +16,8 @@ public:
 protected:
     // The part of the merged record that the source brings (operation 5).
     virtual MergedWave wave(int source) const = 0;
+    // preCount and postCount: the smallest or the largest scaled counts of all sources.
+    void takeExtremeCounts(bool largest);
     // Target-rate microseconds of a count of target samples, truncated.
     qint64 targetMicroseconds(qint64 samples) const;
 

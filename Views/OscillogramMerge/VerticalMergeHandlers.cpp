@@ -19,6 +19,14 @@ int extreme(const QList<QSharedPointer<Oscillogram>>& sources, Count count, bool
 }
 } // namespace
 
+void VerticalMergeHandler::takeExtremeCounts(bool largest)
+{
+    m_preCount = extreme(
+        m_sources, [this](const Oscillogram& s) { return scaledPre(s); }, largest);
+    m_postCount = extreme(
+        m_sources, [this](const Oscillogram& s) { return scaledPost(s); }, largest);
+}
+
 // --- by the first record's place
 
 void FirstReportMergeHandler::calculateBeginTime()
@@ -64,10 +72,7 @@ void FirstReportMergeHandler::calculateBeginTime()
 
 void FirstReportMergeHandler::calculateCounts()
 {
-    m_preCount = extreme(
-        m_sources, [this](const Oscillogram& s) { return scaledPre(s); }, true);
-    m_postCount = extreme(
-        m_sources, [this](const Oscillogram& s) { return scaledPost(s); }, true);
+    takeExtremeCounts(true);
     m_totalCount = m_preCount + m_postCount;
 }
 
@@ -96,10 +101,7 @@ void TriggerTimeMergeHandler::calculateBeginTime()
 
 void TriggerTimeMergeHandler::calculateCounts()
 {
-    m_preCount = extreme(
-        m_sources, [this](const Oscillogram& s) { return scaledPre(s); }, true);
-    m_postCount = extreme(
-        m_sources, [this](const Oscillogram& s) { return scaledPost(s); }, true);
+    takeExtremeCounts(true);
     m_totalCount = m_preCount + m_postCount;
 }
 
@@ -128,10 +130,7 @@ void AstronomicalTimeMergeHandler::calculateBeginTime()
 
 void AstronomicalTimeMergeHandler::calculateCounts()
 {
-    m_preCount = extreme(
-        m_sources, [this](const Oscillogram& s) { return scaledPre(s); }, false);
-    m_postCount = extreme(
-        m_sources, [this](const Oscillogram& s) { return scaledPost(s); }, false);
+    takeExtremeCounts(false);
     // Every source counts from the common begin, so the record is as long as the shortest rest.
     m_totalCount = m_postCount;
 }
@@ -161,10 +160,7 @@ void FirstFailureMergeHandler::calculateBeginTime()
 
 void FirstFailureMergeHandler::calculateCounts()
 {
-    m_preCount = extreme(
-        m_sources, [this](const Oscillogram& s) { return scaledPre(s); }, false);
-    m_postCount = extreme(
-        m_sources, [this](const Oscillogram& s) { return scaledPost(s); }, false);
+    takeExtremeCounts(false);
     m_totalCount = m_preCount + m_postCount;
     m_failureSample = m_preCount;
 }
