@@ -85,7 +85,7 @@ void HorisontalMergeHandler::copySamples()
         const int sourceRows = source.countOfSamples() + m_gaps.value(s);
         // Digital channels are left clear: a gluing keeps the discrete rows but not their states.
         for (int j = 0; j < sourceRows; ++j) {
-            reportRow(stage, offset + j, m_totalCount);
+            reportRow(stage, offset + j, m_totalCount, rows);
             rowCopier.copyRow(s, sourceSample(j, source.sampleRate(), m_targetRate), offset + j);
         }
         offset += qMax(0, sourceRows);

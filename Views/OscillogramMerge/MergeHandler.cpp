@@ -87,10 +87,10 @@ void MergeHandler::takeLines(const QList<QSharedPointer<Line>>& lines)
     }
 }
 
-void MergeHandler::reportRow(const QString& stage, qint64 row, qint64 total)
+void MergeHandler::reportRow(const QString& stage, qint64 row, qint64 total, qint64 rows)
 {
     // A report per row would cost more than the copy itself; a thousandth is what a bar shows.
-    const qint64 step = qMax<qint64>(1, total / 1000);
+    const qint64 step = qMax<qint64>(1, rows / 1000);
     if (row % step != 0)
         return;
     emit progressChanged(stage, total > 0 ? double(row) / double(total) : 0.0);

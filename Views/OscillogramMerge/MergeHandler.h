@@ -76,8 +76,8 @@ protected:
     void takeFailures(const Oscillogram& source, int a, int b);
     // Takes a copy of each line of the list whose name the target does not have yet.
     void takeLines(const QList<QSharedPointer<Line>>& lines);
-    // Reports progress and polls cancellation every thousandth of `total` rows.
-    void reportRow(const QString& stage, qint64 row, qint64 total);
+    // Reports row ÷ total and polls cancellation every thousandth of `rows`, the rows to write.
+    void reportRow(const QString& stage, qint64 row, qint64 total, qint64 rows);
     // Ends the copy: the store of `rows` rows.
     void buildStore(int rows);
     SampleCopier& copier(int rows);

@@ -204,6 +204,7 @@ void MergeSettingsForm::refreshChannels()
         item->setFlags(
             gluing ? (item->flags() | Qt::ItemIsUserCheckable) : (item->flags() & ~Qt::ItemIsUserCheckable));
         item->setCheckState(Qt::Checked);
+        item->setToolTip(item->oscillogram()->filename());
         m_channelList->addItem(item.data());
     }
     updateFlags();

@@ -64,7 +64,7 @@ void VerticalMergeHandler::copySamples()
     }
     const QString stage = tr("Объединение");
     for (int r = 0; r < rows; ++r) {
-        reportRow(stage, r, rows);
+        reportRow(stage, r, rows, rows);
         for (int s = 0; s < m_sources.size(); ++s) {
             const Oscillogram& source = *m_sources[s];
             rowCopier.copyRow(s, sourceSample(qint64(m_shifts[s]) + r, source.sampleRate(), m_targetRate), r);
