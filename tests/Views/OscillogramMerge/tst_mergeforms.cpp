@@ -486,6 +486,11 @@ void TestMergeForms::viewOffersTheMergeAndShowsTheResult()
     QCOMPARE(
         shown->oscillogramViewModel()->oscillogram(), Oscillograms::instance()->get(QStringLiteral("Общая")));
     QVERIFY(shown->isModified());
+    if (qEnvironmentVariableIsSet("KORVANE_MERGE_PICTURES")) {
+        shown->resize(1000, 600);
+        QApplication::processEvents();
+        shown->grab().save(qEnvironmentVariable("KORVANE_MERGE_PICTURES") + QStringLiteral("/merged.png"));
+    }
 
     // A host that listens gets the name instead.
     QSignalSpy handed(&view, &OscillogramView::sigOscillogramMerged);

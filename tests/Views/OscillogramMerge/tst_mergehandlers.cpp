@@ -140,6 +140,7 @@ private slots:
     void gluingWithAndWithoutGaps();
     void gluingReadsChannelsByNumber();
     void gluingTakesFailuresAtTheirOffsets();
+    void gluingAFasterRecordCopiesItsSampleCount();
     void recordOfAnotherKindIsRefused();
     void stagesAreReportedInOrder();
     void cancelAtEachStage_data();
@@ -551,6 +552,40 @@ void TestMergeHandlers::gluingTakesFailuresAtTheirOffsets()
     QCOMPARE(outcome.merged->countOfSamples(), 200);
     compareFailures(outcome.merged->failures(),
         { { QStringLiteral("a"), 10 }, { QStringLiteral("b"), 105 }, { QStringLiteral("b2"), 190 } });
+}
+
+void TestMergeHandlers::gluingAFasterRecordCopiesItsSampleCount()
+{
+    // A: 2000 Hz, 100 samples, its last at t0 + 49.5 ms; B: 1000 Hz, 50 samples from t0 + 50 ms.
+    // The gap is 2000 / 1000000 × 500 = 1 row. At the target rate of 1000 Hz A's row j reads its
+    // sample 2j, so from row 50 on it reads behind its end and repeats its first sample; its rows
+    // are still its 100 samples and the gap, as the gluing has always counted them. The estimate
+    // for the reservation is 100 × 1000 / 2000 + 1 + 50 = 101 rows.
+    Description a;
+    a.id = 22;
+    a.rate = 2000.0;
+    a.samples = 100;
+    a.prefix = QStringLiteral("A");
+    Description b = a;
+    b.id = 23;
+    b.rate = 1000.0;
+    b.samples = 50;
+    b.begin = at(50000);
+    OscillogramMergeTask task;
+    task.setMergeType(1);
+    task.addOscillogram(make(a));
+    task.addOscillogram(make(b));
+    task.setupGluingChannels();
+    const Outcome outcome = run(task);
+    QVERIFY(!outcome.failure);
+    QCOMPARE(task.handler()->totalCount(), 101);
+    QCOMPARE(outcome.merged->countOfSamples(), 151);
+    for (int r = 0; r < 151; ++r) {
+        const double expected
+            = r < 50 ? rawValue(22, 0, 2 * r) : (r < 101 ? rawValue(22, 0, 0) : rawValue(23, 0, r - 101));
+        QCOMPARE(rawOf(*outcome.merged, 0, r), expected);
+    }
+    QCOMPARE(outcome.merged->mergedWaves()[1].sampleOffset, 101);
 }
 
 void TestMergeHandlers::recordOfAnotherKindIsRefused()
