@@ -106,6 +106,8 @@ QToolBar* PrintDia::createToolBar()
     m_zoom->setObjectName(QStringLiteral("zoomFactor"));
     m_zoom->setEditable(true);
     m_zoom->setInsertPolicy(QComboBox::NoInsert);
+    m_zoom->setMinimumContentsLength(7);
+    m_zoom->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     for (int value : zoomValues)
         m_zoom->addItem(QStringLiteral("%1%").arg(value));
     connect(m_zoom, QOverload<int>::of(&QComboBox::activated), this, &PrintDia::slotZoomFactorChanged);

@@ -54,6 +54,7 @@ PrinterOptions::PrinterOptions(const QPrinter& printer, const QString& pdfPath, 
     m_portrait->setObjectName(QStringLiteral("tb_portrait"));
     m_landscape->setObjectName(QStringLiteral("tb_landscape"));
     m_colorPrint->setObjectName(QStringLiteral("cb_isColorPrint"));
+    m_path->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 40);
     m_portrait->setText(tr("Книжная"));
     m_landscape->setText(tr("Альбомная"));
     m_portrait->setIcon(QIcon(QStringLiteral(":/icons/ic_portrait.svg")));
