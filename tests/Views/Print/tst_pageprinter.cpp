@@ -51,6 +51,16 @@ QImage pageOf(const PagePrinter& pages, int page)
     return image;
 }
 
+// Two analogue rows of a whole page each: two pages high, so that a page stands for half the
+// samples across. Gives the plot's width on a page with names.
+int layOutTwoPagesHigh(PrintFixture& fixture, PagePrinter& pages)
+{
+    fixture.model().setChanRowHeight(0, 3000);
+    fixture.model().setChanRowHeight(1, 3000);
+    pages.setPrinter(&fixture.printer);
+    return fixture.printer.width() - (fixture.expectedNameWidth() + 2);
+}
+
 void writeFile(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
@@ -188,13 +198,9 @@ void TestPagePrinter::namesOnTheFirstRangeOnlyWidenTheLaterPlots()
 
 void TestPagePrinter::optionsRefuseMoreThan300Pages()
 {
-    // Rows of a whole page each: two pages high, so a page stands for half the samples across.
     PrintFixture fixture(2, 0, 200000);
-    fixture.model().setChanRowHeight(0, 3000);
-    fixture.model().setChanRowHeight(1, 3000);
     PagePrinter pages(fixture.view.get());
-    pages.setPrinter(&fixture.printer);
-    const int plotWidth = fixture.printer.width() - (fixture.expectedNameWidth() + 2);
+    const int plotWidth = layOutTwoPagesHigh(fixture, pages);
     const int perPage = PrintGeometry::samplesAcrossPage(plotWidth, 1.0) / 2;
     QCOMPARE(pages.samplesPerPage(1.0, true), perPage);
     // Two measures: one of 301 pages, one just short of it.
@@ -267,13 +273,9 @@ void TestPagePrinter::rowsLowerThanAPageNeverWarn()
 
 void TestPagePrinter::automaticScaleOfALongRecord()
 {
-    // Rows two pages high: at 1.0 a page stands for half a plot width of samples.
     PrintFixture fixture(2, 0, 400000);
-    fixture.model().setChanRowHeight(0, 3000);
-    fixture.model().setChanRowHeight(1, 3000);
     PagePrinter pages(fixture.view.get());
-    pages.setPrinter(&fixture.printer);
-    const int plotWidth = fixture.printer.width() - (fixture.expectedNameWidth() + 2);
+    const int plotWidth = layOutTwoPagesHigh(fixture, pages);
     QVERIFY(plotWidth < 1300);
     // 400000 / (W/2) > 615 pages at 1.0; at 0.5: 400000 / W > 307; at 0.25: 400000 / (2W) <= 300.
     QVERIFY(400000 / (plotWidth / 2) > 300);
