@@ -135,11 +135,11 @@ int PagePrinter::automaticScalePosition() const
         m_heights, m_pageHeight, plotWidth(true), record ? record->countOfSamples() : 0);
 }
 
-QVector<PrintRow> PagePrinter::groupRows(int group) const
+QPair<int, int> PagePrinter::groupRows(int group) const
 {
     const int from = group == 0 ? 0 : m_rowBreaks.at(group - 1);
     const int to = group < m_rowBreaks.size() ? m_rowBreaks.at(group) : m_rows.size();
-    return m_rows.mid(from, to - from);
+    return { from, to };
 }
 
 void PagePrinter::paintPage(QPainter& painter, int page) const
@@ -149,13 +149,11 @@ void PagePrinter::paintPage(QPainter& painter, int page) const
     const int firstSample = pageFirstSample(page);
     const bool withNames = pageHasNames(page);
     paintHead(painter, firstSample, withNames);
-    const int group = page % groupCount();
-    const int from = group == 0 ? 0 : m_rowBreaks.at(group - 1);
+    const QPair<int, int> rows = groupRows(page % groupCount());
     int y = PrintGeometry::headerHeight;
-    const QVector<PrintRow> rows = groupRows(group);
-    for (int index = 0; index < rows.size(); ++index) {
-        const int height = m_heights.at(from + index);
-        painter.drawImage(0, y, rowStrip(rows.at(index), height, firstSample, withNames));
+    for (int index = rows.first; index < rows.second; ++index) {
+        const int height = m_heights.at(index);
+        painter.drawImage(0, y, rowStrip(m_rows.at(index), height, firstSample, withNames));
         y += height;
     }
 }

@@ -4,6 +4,7 @@
 #include "korvane_export.h"
 
 #include <QObject>
+#include <QPair>
 #include <QPointer>
 #include <QVector>
 
@@ -92,7 +93,8 @@ public slots:
 private:
     int lastSample() const;
     int samplesAcross(bool withNames) const;
-    QVector<PrintRow> groupRows(int group) const;
+    // The rows of a group, from the first to the one after the last.
+    QPair<int, int> groupRows(int group) const;
     void paintHead(QPainter& painter, int firstSample, bool withNames) const;
     QImage rowStrip(const PrintRow& row, int height, int firstSample, bool withNames) const;
     void paintNames(QImage& strip, const PrintRow& row, int height) const;

@@ -49,7 +49,7 @@ bool PrintOscillogramManager::beginPainter()
 
 bool PrintOscillogramManager::start()
 {
-    if (!beginPainter())
+    if (!m_pagePrinter->printer() || !beginPainter())
         return false;
     ProgressDialog progress(parentWidget());
     m_progress = &progress;
