@@ -104,6 +104,10 @@ void PrintOscillogramManager::slotFinishPrint()
     if (QFile::exists(m_targetPath))
         QFile::remove(m_targetPath);
     m_result = QFile::copy(written, m_targetPath);
+    if (!m_result) {
+        QMessageBox::critical(
+            parentWidget(), tr("Ошибка печати"), tr("Не удалось записать файл PDF: %1").arg(m_targetPath));
+    }
 }
 
 void PrintOscillogramManager::slotCancelPrint()

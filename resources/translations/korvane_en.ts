@@ -1217,6 +1217,10 @@ calculator, ms (20 - 80):</translation>
         <source>Подготовка к печати...</source>
         <translation>Preparing to print...</translation>
     </message>
+    <message>
+        <source>Не удалось записать файл PDF: %1</source>
+        <translation>Could not write the PDF file: %1</translation>
+    </message>
 </context>
 <context>
     <name>PrinterOptions</name>

@@ -90,6 +90,8 @@ private slots:
     void pdfOfARecordReadBack();
     void cancelKeepsTheOldTarget();
     void cancelLeavesNoPdf();
+    void painterThatCannotBeginIsReported();
+    void targetThatCannotBeWrittenIsReported();
 
 private:
     // Writes the pages to the printer's PDF; Cancel is pressed once the first page is out when
@@ -433,6 +435,41 @@ void TestPagePrinter::cancelLeavesNoPdf()
     QVERIFY(!writePdf(pages, true));
     QVERIFY(!QFile::exists(target));
     QVERIFY(QDir(folder.path()).entryList(QDir::Files).isEmpty());
+}
+
+void TestPagePrinter::painterThatCannotBeginIsReported()
+{
+    PrintFixture fixture(1, 0, 1000);
+    QTemporaryDir folder;
+    // A target without a file name: the temporary file would be the folder itself.
+    const QString target = folder.path() + QLatin1Char('/');
+    fixture.printer.setOutputFileName(target);
+    PagePrinter pages(fixture.view.get());
+    pages.setPrinter(&fixture.printer);
+    SeenBox seen;
+    closeNextMessageBox(seen);
+    PrintOscillogramManager manager(new PagePrinter(pages), nullptr);
+    QVERIFY(!manager.start());
+    QCOMPARE(seen.title, QStringLiteral("Ошибка печати"));
+    QCOMPARE(seen.text, QStringLiteral("Возможная проблема с настройками принтера"));
+    QCOMPARE(seen.icon, QMessageBox::Critical);
+    QCOMPARE(fixture.printer.outputFileName(), target);
+}
+
+void TestPagePrinter::targetThatCannotBeWrittenIsReported()
+{
+    PrintFixture fixture(1, 0, 1000);
+    QTemporaryDir folder;
+    const QString target = folder.filePath(QStringLiteral("no-such-folder/record.pdf"));
+    fixture.printer.setOutputFileName(target);
+    PagePrinter pages(fixture.view.get());
+    pages.setPrinter(&fixture.printer);
+    SeenBox seen;
+    closeNextMessageBox(seen);
+    QVERIFY(!writePdf(pages, false));
+    QCOMPARE(seen.title, QStringLiteral("Ошибка печати"));
+    QCOMPARE(seen.text, QStringLiteral("Не удалось записать файл PDF: %1").arg(target));
+    QVERIFY(!QFile::exists(target));
 }
 
 QTEST_MAIN(TestPagePrinter)
