@@ -9,6 +9,7 @@
 #include "Views/Print/PrinterOptions.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLabel>
@@ -96,6 +97,19 @@ void TestPrintDia::toolBarAndTitle()
     dialog.slotZoomIn();
     QCOMPARE(
         dialog.findChild<QComboBox*>(QStringLiteral("zoomFactor"))->currentText(), QStringLiteral("62.5%"));
+    // Fitting the width makes the page as wide as the view, with room around it.
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    dialog.action(QStringLiteral("fitToWidth"))->trigger();
+    const double fitted = dialog.preview()->zoomFactor();
+    const double paperWidth
+        = dialog.printer()->pageLayout().fullRectPixels(dialog.printer()->resolution()).width();
+    const int viewport = dialog.preview()->graphicsView()->viewport()->width();
+    QVERIFY(fitted * paperWidth < viewport);
+    QVERIFY(fitted * paperWidth > viewport * 0.9);
+    // A whole page in the view is smaller still on a landscape-shaped view.
+    dialog.action(QStringLiteral("fitInView"))->trigger();
+    QVERIFY(dialog.preview()->zoomFactor() <= fitted);
     QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("pageTotal"))->text(),
         QStringLiteral("/ %1").arg(dialog.pagePrinter()->pageCount()));
 }
@@ -143,6 +157,15 @@ void TestPrintDia::marginsAreLimitedToAQuarterOfThePage()
     box("sb_top")->setValue(100.0);
     QCOMPARE(box("sb_top")->value(), 37.0);
     QCOMPARE(options.pageLayout().margins().top(), 37.0);
+    // Colour or grey goes to the printer with the rest.
+    options.findChild<QCheckBox*>(QStringLiteral("cb_isColorPrint"))->setChecked(false);
+    options.applyTo(printer);
+    QCOMPARE(printer.colorMode(), QPrinter::GrayScale);
+    QCOMPARE(printer.pageLayout().pageSize().id(), QPageSize::A5);
+    QCOMPARE(printer.pageLayout().orientation(), QPageLayout::Landscape);
+    options.findChild<QCheckBox*>(QStringLiteral("cb_isColorPrint"))->setChecked(true);
+    options.applyTo(printer);
+    QCOMPARE(printer.colorMode(), QPrinter::Color);
 }
 
 void TestPrintDia::pdfFromTheDialog()
