@@ -3,6 +3,8 @@
 #include "Model/DataType.h"
 #include "korvane_export.h"
 
+#include <QBitArray>
+
 #include <algorithm>
 #include <memory>
 #include <vector>
@@ -42,12 +44,21 @@ public:
     // The samples of column `column` (0 <= column < stride) in a sample-major block of `size`
     // values and `stride` columns.
     ColumnSummary(const T* values, long long size, int stride, int column)
-        : m_values(values), m_stride(stride), m_column(column)
+        : ColumnSummary(
+            values, size, stride, column, std::move(firstLevels(values, size, stride, column, column + 1)[0]))
     {
-        m_samples = size > column ? (size - column + stride - 1) / stride : 0;
-        buildFirstLevel();
-        while (m_usable && m_levels.back().size() > size_t(fanOut))
-            buildLevelAbove();
+    }
+
+    // The summaries of all `stride` columns of a sample-major block, made in one pass over the
+    // block in memory order: a column alone would read a line of memory for each of its samples
+    // when the columns are many.
+    static std::vector<std::unique_ptr<ColumnSummary>> buildAll(const T* values, long long size, int stride)
+    {
+        auto levels = firstLevels(values, size, stride, 0, stride);
+        std::vector<std::unique_ptr<ColumnSummary>> summaries;
+        for (int c = 0; c < stride; ++c)
+            summaries.emplace_back(new ColumnSummary(values, size, stride, c, std::move(levels[size_t(c)])));
+        return summaries;
     }
 
     bool isUsable() const { return m_usable; }
@@ -63,33 +74,20 @@ public:
     }
 
     // The extremes of the samples first to last, both included, 0 <= first <= last < sampleCount().
+    // The whole blocks inside the stretch come from the pairs. A part of a block at either end is
+    // read sample by sample only where its block's pair could widen what the rest gives: any part
+    // of a block lies within the block's own extremes.
     SampleExtremes<T> extremes(long long first, long long last) const
     {
-        SampleExtremes<T> result { raw(first), raw(first) };
-        long long begin = first + 1;
-        long long end = last + 1;
-        // Raw samples up to the first whole block, then back from the end to the last one.
-        const long long head = std::min(end, roundUp(begin, blockSamples));
-        takeRaw(result, begin, head);
-        begin = head;
-        const long long tail = std::max(begin, end / blockSamples * blockSamples);
-        takeRaw(result, tail, end);
-        begin /= blockSamples;
-        end = tail / blockSamples;
-        // Whole blocks: at each level the pairs up to the next boundary of the level above.
-        for (size_t level = 0; begin < end; ++level) {
-            const SampleExtremes<T>* pairs = m_levels[level].data();
-            if (level + 1 == m_levels.size()) {
-                takePairs(result, pairs, begin, end);
-                break;
-            }
-            const long long up = std::min(end, roundUp(begin, fanOut));
-            takePairs(result, pairs, begin, up);
-            const long long down = std::max(up, end / fanOut * fanOut);
-            takePairs(result, pairs, down, end);
-            begin = up / fanOut;
-            end = down / fanOut;
-        }
+        const long long end = last + 1;
+        const long long head = std::min(end, roundUp(first, blockSamples));
+        const long long tail = std::max(head, end / blockSamples * blockSamples);
+        SampleExtremes<T> result {};
+        bool known = head / blockSamples < tail / blockSamples;
+        if (known)
+            result = wholeBlocks(head / blockSamples, tail / blockSamples);
+        takeEdge(result, known, first, head);
+        takeEdge(result, known, tail, end);
         return result;
     }
 
@@ -111,8 +109,91 @@ public:
     }
 
 private:
+    // The pairs of the first level of a column, and whether the column holds no NaN.
+    struct FirstLevel
+    {
+        std::vector<SampleExtremes<T>> pairs;
+        bool usable = true;
+    };
+
+    ColumnSummary(const T* values, long long size, int stride, int column, FirstLevel&& firstLevel)
+        : m_values(values), m_stride(stride), m_column(column), m_usable(firstLevel.usable)
+    {
+        m_samples = size > column ? (size - column + stride - 1) / stride : 0;
+        if (!m_usable)
+            return;
+        m_levels.push_back(std::move(firstLevel.pairs));
+        while (m_levels.back().size() > size_t(fanOut))
+            buildLevelAbove();
+    }
+
+    // The first levels of columns from to to (excluded), in one pass over their samples in
+    // memory order.
+    static std::vector<FirstLevel> firstLevels(const T* values, long long size, int stride, int from, int to)
+    {
+        std::vector<FirstLevel> levels(size_t(std::max(0, to - from)));
+        std::vector<SampleExtremes<T>> block(levels.size());
+        const long long rows = stride > 0 ? (size + stride - 1) / stride : 0;
+        for (long long first = 0; first < rows; first += blockSamples) {
+            const long long end = std::min(first + blockSamples, rows);
+            const int present = int(std::min<long long>(to, size - first * stride));
+            const T* row = values + first * stride;
+            for (int c = from; c < present; ++c)
+                block[size_t(c - from)] = { row[c], row[c] };
+            for (long long s = first; s < end; ++s, row += stride) {
+                const int count = int(std::min<long long>(to, size - s * stride));
+                for (int c = from; c < count; ++c) {
+                    const T value = row[c];
+                    FirstLevel& level = levels[size_t(c - from)];
+                    level.usable = level.usable && value == value;
+                    block[size_t(c - from)].take(value);
+                }
+            }
+            for (int c = from; c < present; ++c)
+                levels[size_t(c - from)].pairs.push_back(block[size_t(c - from)]);
+        }
+        return levels;
+    }
+
     T raw(long long sample) const { return m_values[m_column + m_stride * sample]; }
     static long long roundUp(long long value, long long step) { return (value + step - 1) / step * step; }
+
+    // The extremes of the whole blocks begin to end (end excluded, begin < end): at each level the
+    // pairs up to the next boundary of the level above.
+    SampleExtremes<T> wholeBlocks(long long begin, long long end) const
+    {
+        SampleExtremes<T> result = m_levels[0][size_t(begin)];
+        for (size_t level = 0; begin < end; ++level) {
+            const SampleExtremes<T>* pairs = m_levels[level].data();
+            if (level + 1 == m_levels.size()) {
+                takePairs(result, pairs, begin, end);
+                break;
+            }
+            const long long up = std::min(end, roundUp(begin, fanOut));
+            takePairs(result, pairs, begin, up);
+            const long long down = std::max(up, end / fanOut * fanOut);
+            takePairs(result, pairs, down, end);
+            begin = up / fanOut;
+            end = down / fanOut;
+        }
+        return result;
+    }
+
+    // Samples begin to end (end excluded) of one block, into a result that is known or not yet.
+    void takeEdge(SampleExtremes<T>& result, bool& known, long long begin, long long end) const
+    {
+        if (begin >= end)
+            return;
+        if (known) {
+            const SampleExtremes<T>& block = m_levels[0][size_t(begin / blockSamples)];
+            if (!(block.low < result.low) && !(block.high > result.high))
+                return;
+        } else {
+            result = { raw(begin), raw(begin) };
+            known = true;
+        }
+        takeRaw(result, begin, end);
+    }
 
     void takeRaw(SampleExtremes<T>& result, long long begin, long long end) const
     {
@@ -125,29 +206,6 @@ private:
     {
         for (long long i = begin; i < end; ++i)
             result.take(pairs[i]);
-    }
-
-    void buildFirstLevel()
-    {
-        std::vector<SampleExtremes<T>> pairs;
-        pairs.reserve(size_t((m_samples + blockSamples - 1) / blockSamples));
-        for (long long first = 0; first < m_samples; first += blockSamples) {
-            const long long last = std::min(first + blockSamples, m_samples);
-            SampleExtremes<T> pair { raw(first), raw(first) };
-            bool hasNaN = !(pair.low == pair.low);
-            for (long long s = first + 1; s < last; ++s) {
-                const T value = raw(s);
-                hasNaN = hasNaN || !(value == value);
-                pair.take(value);
-            }
-            if (hasNaN) {
-                m_usable = false;
-                m_levels.clear();
-                return;
-            }
-            pairs.push_back(pair);
-        }
-        m_levels.push_back(std::move(pairs));
     }
 
     void buildLevelAbove()
@@ -172,8 +230,39 @@ private:
     std::vector<std::vector<SampleExtremes<T>>> m_levels;
 };
 
-// The summaries of every analogue column of one store, each made the first time it is asked
-// for. The store is shared between threads, so the first request of a column builds it under a
+// Which blocks of 8 samples of one discrete channel hold a set bit and which a clear one, so that
+// a picture asks whether a stretch of samples holds a value at the cost of at most 7 samples at
+// each end and one bit for each block between, instead of a look at every sample. Two bits a
+// block: a quarter of the channel's own bits.
+class KORVANE_EXPORT DigitalSummary
+{
+public:
+    static constexpr long long blockSamples = 8;
+
+    // The samples of channel `channel` (0 <= channel < stride) of a sample-major bit block.
+    DigitalSummary(const QBitArray& bits, int stride, int channel);
+
+    long long sampleCount() const { return m_samples; }
+    // Whether a sample from first to last, both included, holds the value;
+    // 0 <= first <= last < sampleCount().
+    bool holds(bool value, long long first, long long last) const;
+    long long memoryBytes() const;
+
+private:
+    bool raw(long long sample) const;
+    bool anyRaw(bool value, long long begin, long long end) const;
+    static bool anyBlock(const std::vector<quint64>& blocks, long long begin, long long end);
+
+    const uchar* m_bits;
+    long long m_stride;
+    long long m_channel;
+    long long m_samples = 0;
+    std::vector<quint64> m_anySet;
+    std::vector<quint64> m_anyClear;
+};
+
+// The summaries of every analogue column and every discrete channel of one store, each made the first time it
+// is asked for. The store is shared between threads, so the first request of a column builds it under a
 // once-flag of its own and later requests read it without a lock.
 class KORVANE_EXPORT SampleSummaries
 {
@@ -189,6 +278,8 @@ public:
     const ColumnSummary<float>* floatColumn(int column) const;
     const ColumnSummary<double>* doubleColumn(int column) const;
     template<typename T> const ColumnSummary<T>* column(int column) const;
+    // The summary of a discrete channel, or null for a channel outside the block.
+    const DigitalSummary* digitalChannel(int channel) const;
 
     // Bytes taken by the summaries built so far.
     long long memoryBytes() const;
@@ -199,6 +290,8 @@ private:
     std::unique_ptr<Slots<int>> m_int32;
     std::unique_ptr<Slots<float>> m_float;
     std::unique_ptr<Slots<double>> m_double;
+    struct DigitalSlots;
+    std::unique_ptr<DigitalSlots> m_digital;
 };
 
 template<> inline const ColumnSummary<short>* SampleSummaries::column<short>(int column) const

@@ -18,7 +18,7 @@ const Description descriptions[Count] = {
     { QT_TRANSLATE_NOOP("OscillogramView", "Настройки Korvane"), nullptr, nullptr, "ic_sett", "ic_settings_2",
         false, false, true },
     { QT_TRANSLATE_NOOP("OscillogramView", "Печать осциллограммы"), nullptr, "Alt+P", "ic_print", nullptr,
-        false, false, false },
+        false, false, true },
     { QT_TRANSLATE_NOOP("OscillogramView", "Растянуть по времени"), nullptr, nullptr, "ic_x_scale_increase",
         nullptr, true, false, true },
     { QT_TRANSLATE_NOOP("OscillogramView", "Сжать по времени"), nullptr, nullptr, "ic_x_scale_decrease",

@@ -1,7 +1,13 @@
 #include "Views/OscillogramView.h"
 
-// The view's entry into printing. Not built yet: the actions stay out of the bars.
+#include "Views/OscillogramViewModel.h"
+#include "Views/Print/PrintDia.h"
 
+// The view's entry into printing: the preview of the pages, from which the user prints.
 void OscillogramView::slotPrint()
 {
+    if (!oscillogramViewModel()->oscillogram())
+        return;
+    PrintDia dialog(this, this);
+    dialog.exec();
 }

@@ -9,6 +9,8 @@
 #include "Views/Painters/VerticalMapping.h"
 
 #include <cmath>
+#include <limits>
+#include <vector>
 
 struct AnalogPainter::Private
 {
@@ -312,7 +314,51 @@ struct TraceContext
 // Case of a small scale: one vertical span per pixel column from the least to the greatest of the
 // samples it covers, sharing one sample with the next column so that the trace stays joined.
 // How many pixel columns ahead the summary's memory is asked for.
-constexpr int prefetchColumns = 3;
+constexpr int prefetchColumns = 8;
+
+// The vertical spans of a decimated trace, one per pixel column, with the colour of each. They are
+// gathered first and filled in row by row afterwards: a dense trace covers most of the picture,
+// and writing it column by column would touch a new line of memory with every pixel.
+struct ColumnSpans
+{
+    std::vector<int> top;
+    std::vector<int> bottom; // below top: nothing in that column
+    std::vector<QRgb> color;
+
+    explicit ColumnSpans(int width)
+        : top(size_t(width), 0), bottom(size_t(width), -1), color(size_t(width), 0)
+    {
+    }
+
+    void fill(PixelBuffer& buffer) const
+    {
+        const int width = buffer.width();
+        int firstRow = std::numeric_limits<int>::max();
+        int lastRow = -1;
+        for (int x = 0; x < width; ++x) {
+            if (top[size_t(x)] <= bottom[size_t(x)]) {
+                firstRow = qMin(firstRow, top[size_t(x)]);
+                lastRow = qMax(lastRow, bottom[size_t(x)]);
+            }
+        }
+        for (int y = firstRow; y <= lastRow; ++y) {
+            // A buffer may end inside its last row.
+            const int end = int(qMin<qint64>(width, buffer.pixelCapacity() - qint64(y) * width));
+            fillRow(buffer.data() + qint64(y) * width, y, end, top.data(), bottom.data(), color.data());
+        }
+    }
+
+    // One pass over the row that always stores, with no branch and no aliasing, so that the
+    // compiler can vectorise it.
+    static void fillRow(QRgb* __restrict line, int y, int end, const int* __restrict tops,
+        const int* __restrict bottoms, const QRgb* __restrict colors)
+    {
+        for (int x = 0; x < end; ++x) {
+            const QRgb inside = QRgb(0) - (QRgb(y >= tops[x]) & QRgb(y <= bottoms[x]));
+            line[x] = (colors[x] & inside) | (line[x] & ~inside);
+        }
+    }
+};
 
 template<typename T>
 void decimatedTrace(const TraceContext& c, const T* values, long long size, int stride, QRgb color)
@@ -325,10 +371,10 @@ void decimatedTrace(const TraceContext& c, const T* values, long long size, int 
     const long long columns = (long long)(std::floor(size / (samplesPerColumn * stride))) - 1;
     const bool inverted = c.channel.isInverted();
     const QRgb anomalyColor = c.frames.color;
-    QRgb* pixels = buffer.data();
     const qint64 pixelCapacity = buffer.pixelCapacity();
     const Decimation::ColumnReader<T> reader(
         *c.channel.data(), values, size, stride, c.channel.dataOffset(), c.usesSummary);
+    ColumnSpans spans(width);
     long long p = c.channel.dataOffset() + (long long)stride * c.startSample;
     int n = c.startSample;
     for (int x = 0; x < width && x < columns; ++x, p += (long long)spp * stride, n += spp) {
@@ -355,9 +401,18 @@ void decimatedTrace(const TraceContext& c, const T* values, long long size, int 
                 columnColor = anomalyColor;
         }
         const int lastInside = int(qMin<qint64>(y2, (pixelCapacity - 1 - x) / width));
-        for (int y = y1; y <= lastInside; ++y)
-            pixels[qint64(y) * width + x] = columnColor;
+        if (c.frames.isEmpty()) {
+            spans.top[size_t(x)] = y1;
+            spans.bottom[size_t(x)] = lastInside;
+            spans.color[size_t(x)] = columnColor;
+        } else {
+            // A frame's edges reach into the neighbouring columns and the trace of the column
+            // painted next covers them: the order of a column at a time is kept.
+            for (int y = y1; y <= lastInside; ++y)
+                buffer.data()[qint64(y) * width + x] = columnColor;
+        }
     }
+    spans.fill(buffer);
 }
 
 // Case of a small scale on a Clc channel: every sample, no decimation. Each further data column

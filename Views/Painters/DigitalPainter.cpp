@@ -1,5 +1,7 @@
 #include "Views/Painters/DigitalPainter.h"
 
+#include "Model/SampleSummary.h"
+
 #include "Settings/ColorStyle.h"
 #include "Views/Painters/AnalogPainter.h"
 #include "Views/Painters/DrawPrimitives.h"
@@ -60,15 +62,25 @@ void DigitalPainter::paintDecimated(PixelBuffer& buffer, QRgb color) const
     const int spp = int(std::floor(samplesPerColumn));
     const long long columns = (long long)(std::floor(bits / (stride * samplesPerColumn))) - 1;
     const long long first = m_startSample * stride + m_channel->dataOffset();
+    const DigitalSummary* summary
+        = m_usesSummary ? store.summaries().digitalChannel(m_channel->dataOffset()) : nullptr;
+    // A drawn bar is a bit that reads as set, after the channel's inversion.
+    const bool drawnBit = !m_channel->isInverted();
     for (int x = 0; x < width && x < columns; ++x) {
         const long long p = first + x * spp * stride;
         if (p < 0 || p >= bits)
             continue;
         bool anySet = false;
-        for (long long k = 0; k < spp && p + k * stride < bits; ++k) {
-            if (m_channel->testBit(int(p + k * stride))) {
-                anySet = true;
-                break;
+        if (summary) {
+            const long long sample = m_startSample + (long long)x * spp;
+            const long long last = std::min(sample + spp - 1, summary->sampleCount() - 1);
+            anySet = spp > 0 && summary->holds(drawnBit, sample, last);
+        } else {
+            for (long long k = 0; k < spp && p + k * stride < bits; ++k) {
+                if (m_channel->testBit(int(p + k * stride))) {
+                    anySet = true;
+                    break;
+                }
             }
         }
         if (anySet)

@@ -20,6 +20,10 @@ public:
     }
     void setXScale(double xScale) { m_xScale = xScale; }
     void setStartSample(int sample) { m_startSample = sample; }
+    // Whether a small scale asks the store's summary which columns hold a set bit, or looks at
+    // every sample (the same picture, slower).
+    void setUsesSummary(bool uses) { m_usesSummary = uses; }
+    bool usesSummary() const { return m_usesSummary; }
     void paint(PixelBuffer& buffer) override;
 
 private:
@@ -31,4 +35,5 @@ private:
     bool m_hasColor = false;
     double m_xScale = 1.0;
     int m_startSample = 0;
+    bool m_usesSummary = true;
 };

@@ -950,6 +950,45 @@ They will be resampled to the lowest rate.</translation>
     </message>
 </context>
 <context>
+    <name>OscPrintOptions</name>
+    <message>
+        <source>Имена сигналов на всех страницах</source>
+        <translation>Signal names on all pages</translation>
+    </message>
+    <message>
+        <source>Печатать маркеры</source>
+        <translation>Print markers</translation>
+    </message>
+    <message>
+        <source>Печатать замеры времени</source>
+        <translation>Print time measures</translation>
+    </message>
+    <message>
+        <source>Параметры печати</source>
+        <translation>Print settings</translation>
+    </message>
+    <message>
+        <source>Диапазон</source>
+        <translation>Range</translation>
+    </message>
+    <message>
+        <source>Масштаб по времени</source>
+        <translation>Time scale</translation>
+    </message>
+    <message>
+        <source>Вся осциллограмма</source>
+        <translation>Whole oscillogram</translation>
+    </message>
+    <message>
+        <source>%1 — %2 нс</source>
+        <translation>%1 — %2 ns</translation>
+    </message>
+    <message>
+        <source>&lt;center&gt;&lt;b&gt;При масштабе x%1 печать осциллограммы составит более %2 страниц&lt;/b&gt;&lt;br&gt;&lt;br&gt;Уменьшите масштаб&lt;/center&gt;</source>
+        <translation>&lt;center&gt;&lt;b&gt;At scale x%1 the oscillogram would take more than %2 pages&lt;/b&gt;&lt;br&gt;&lt;br&gt;Reduce the scale&lt;/center&gt;</translation>
+    </message>
+</context>
+<context>
     <name>OscillogramMergeTask</name>
     <message>
         <source>Неизвестный тип объединения осциллограмм.</source>
@@ -1247,6 +1286,175 @@ They will be resampled to the lowest rate.</translation>
     <message>
         <source>Отображаемое значение сигнала</source>
         <translation>Displayed signal value</translation>
+    </message>
+</context>
+<context>
+    <name>PrintDia</name>
+    <message>
+        <source>Предпросмотр печати</source>
+        <translation>Print preview</translation>
+    </message>
+    <message>
+        <source>По ширине</source>
+        <translation>Fit width</translation>
+    </message>
+    <message>
+        <source>На всю страницу</source>
+        <translation>Fit page</translation>
+    </message>
+    <message>
+        <source>Уменьшить</source>
+        <translation>Zoom out</translation>
+    </message>
+    <message>
+        <source>Увеличить</source>
+        <translation>Zoom in</translation>
+    </message>
+    <message>
+        <source>Первая страница</source>
+        <translation>First page</translation>
+    </message>
+    <message>
+        <source>Предыдущая страница</source>
+        <translation>Previous page</translation>
+    </message>
+    <message>
+        <source>Следующая страница</source>
+        <translation>Next page</translation>
+    </message>
+    <message>
+        <source>Последняя страница</source>
+        <translation>Last page</translation>
+    </message>
+    <message>
+        <source>Книжная</source>
+        <translation>Portrait</translation>
+    </message>
+    <message>
+        <source>Альбомная</source>
+        <translation>Landscape</translation>
+    </message>
+    <message>
+        <source>Настройки печати осциллограммы</source>
+        <translation>Oscillogram print settings</translation>
+    </message>
+    <message>
+        <source>Настройки принтера</source>
+        <translation>Printer settings</translation>
+    </message>
+    <message>
+        <source>Печать</source>
+        <translation>Print</translation>
+    </message>
+    <message>
+        <source>Ошибка печати</source>
+        <translation>Print error</translation>
+    </message>
+    <message>
+        <source>Выберете принтер в окне &quot;Настройки принтера&quot;</source>
+        <translation>Choose a printer in the &quot;Printer settings&quot; window</translation>
+    </message>
+</context>
+<context>
+    <name>PrintOscillogramManager</name>
+    <message>
+        <source>Ошибка печати</source>
+        <translation>Print error</translation>
+    </message>
+    <message>
+        <source>Возможная проблема с настройками принтера</source>
+        <translation>Possibly a problem with the printer settings</translation>
+    </message>
+    <message>
+        <source>Печать</source>
+        <translation>Print</translation>
+    </message>
+    <message>
+        <source>Печать в файл (PDF)...</source>
+        <translation>Printing to file (PDF)...</translation>
+    </message>
+    <message>
+        <source>Подготовка к печати...</source>
+        <translation>Preparing to print...</translation>
+    </message>
+    <message>
+        <source>Не удалось записать файл PDF: %1</source>
+        <translation>Could not write the PDF file: %1</translation>
+    </message>
+</context>
+<context>
+    <name>PrinterOptions</name>
+    <message>
+        <source>мм</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>Цветная печать</source>
+        <translation>Colour print</translation>
+    </message>
+    <message>
+        <source>Настройки принтера</source>
+        <translation>Printer settings</translation>
+    </message>
+    <message>
+        <source>Книжная</source>
+        <translation>Portrait</translation>
+    </message>
+    <message>
+        <source>Альбомная</source>
+        <translation>Landscape</translation>
+    </message>
+    <message>
+        <source>Левое</source>
+        <translation>Left</translation>
+    </message>
+    <message>
+        <source>Правое</source>
+        <translation>Right</translation>
+    </message>
+    <message>
+        <source>Верхнее</source>
+        <translation>Top</translation>
+    </message>
+    <message>
+        <source>Нижнее</source>
+        <translation>Bottom</translation>
+    </message>
+    <message>
+        <source>Принтер</source>
+        <translation>Printer</translation>
+    </message>
+    <message>
+        <source>Файл</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Размер бумаги</source>
+        <translation>Paper size</translation>
+    </message>
+    <message>
+        <source>Ориентация</source>
+        <translation>Orientation</translation>
+    </message>
+    <message>
+        <source>Поля</source>
+        <translation>Margins</translation>
+    </message>
+    <message>
+        <source>Печать в файл (PDF)</source>
+        <translation>Print to file (PDF)</translation>
+    </message>
+    <message>
+        <source>Печать в файл: %1</source>
+        <translation>Print to file: %1</translation>
+    </message>
+    <message>
+        <source>Выбран принтер: %1</source>
+        <translation>Printer: %1</translation>
+    </message>
+    <message>
+        <source>Запись файла PDF</source>
+        <translation>Save PDF file</translation>
     </message>
 </context>
 <context>

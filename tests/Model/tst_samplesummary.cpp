@@ -1,6 +1,8 @@
 #include "Model/OscillogramData.h"
 #include "Model/SampleSummary.h"
 
+#include <QBitArray>
+
 #include <QTest>
 
 #include <cmath>
@@ -169,6 +171,49 @@ private slots:
         QVERIFY(store->summaries().floatColumn(2) == nullptr);
         QVERIFY(store->summaries().int16Column(0) == nullptr);
         QVERIFY(store->summaries().memoryBytes() > 0);
+    }
+
+    // Whether a stretch of a discrete channel holds a set or a clear sample, against a look at
+    // every sample of the stretch, for stretches inside a block of 8, across blocks and across
+    // words of blocks; with two bits a block, the summary is a quarter of the channel's bits.
+    void digitalStretchesHoldWhatTheirSamplesHold()
+    {
+        std::mt19937 random(8);
+        const int channels = 3;
+        const int samples = 5000;
+        QBitArray bits(channels * samples);
+        for (int i = 0; i < bits.size(); ++i)
+            bits.setBit(i, random() % 50 == 0);
+        for (int channel = 0; channel < channels; ++channel) {
+            const DigitalSummary summary(bits, channels, channel);
+            QCOMPARE(summary.sampleCount(), (long long)samples);
+            for (int k = 0; k < 3000; ++k) {
+                const int first = int(random() % samples);
+                const int last = qMin(samples - 1, first + int(random() % (k % 2 ? 20 : 2000)));
+                bool set = false;
+                bool clear = false;
+                for (int s = first; s <= last; ++s)
+                    (bits.testBit(s * channels + channel) ? set : clear) = true;
+                QCOMPARE(summary.holds(true, first, last), set);
+                QCOMPARE(summary.holds(false, first, last), clear);
+            }
+            QVERIFY(summary.memoryBytes() * 8 <= (samples / 4) + 2 * 64);
+        }
+    }
+
+    // A single set bit is found by every stretch that covers it and by no other.
+    void aSingleSetBit()
+    {
+        QBitArray bits(1000);
+        bits.setBit(517);
+        const DigitalSummary summary(bits, 1, 0);
+        QVERIFY(summary.holds(true, 0, 999));
+        QVERIFY(summary.holds(true, 517, 517));
+        QVERIFY(summary.holds(true, 512, 519));
+        QVERIFY(!summary.holds(true, 0, 516));
+        QVERIFY(!summary.holds(true, 518, 999));
+        QVERIFY(summary.holds(false, 517, 518));
+        QVERIFY(!summary.holds(false, 517, 517));
     }
 };
 

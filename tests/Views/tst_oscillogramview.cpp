@@ -127,6 +127,7 @@ void TestOscillogramView::toolBarHoldsTheBuiltToolsInOrder()
     // the tools that do not exist yet but keeping the separators between groups.
     const QStringList expected = {
         QStringLiteral("Настройки Korvane\t"),
+        QStringLiteral("Печать осциллограммы\tAlt+P"),
         QStringLiteral("|"),
         QStringLiteral("Растянуть по времени\t"),
         QStringLiteral("Сжать по времени\t"),

@@ -1,9 +1,11 @@
 // The trace drawn from the store's summaries against the trace drawn by scanning every sample:
 // the same pixels, on random records, scales, start samples and row sizes.
 #include "Model/AnalogChannel.h"
+#include "Model/DigitalChannel.h"
 #include "Model/OscillogramData.h"
 #include "Model/SampleSummary.h"
 #include "Views/Painters/AnalogPainter.h"
+#include "Views/Painters/DigitalPainter.h"
 #include "Views/Painters/PixelBuffer.h"
 #include "Views/Painters/TimeLayers.h"
 
@@ -168,6 +170,53 @@ void paint(PixelBuffer& buffer, const Case& c, const QSharedPointer<AnalogChanne
     painter.setUsesSummary(usesSummary);
     painter.paint(buffer);
 }
+
+// A discrete record of `channels` channels whose bits follow one of four patterns: rare single
+// set samples, long runs, a bit that toggles every sample, and random noise.
+QSharedPointer<OscillogramData> makeDigitalStore(int channels, int samples, int pattern, std::mt19937& random)
+{
+    OscillogramDataBuilder builder;
+    builder.reserve(0, 0, 0, 0, channels, samples);
+    bool run = false;
+    for (int s = 0; s < samples; ++s) {
+        for (int c = 0; c < channels; ++c) {
+            bool bit = false;
+            switch (pattern) {
+            case 0:
+                bit = random() % 997 == 0;
+                break;
+            case 1:
+                if (random() % 300 == 0)
+                    run = !run;
+                bit = run;
+                break;
+            case 2:
+                bit = (s + c) % 2 == 0;
+                break;
+            default:
+                bit = random() % 2 == 0;
+                break;
+            }
+            builder.setDigitalChannelValue(s, c, bit);
+        }
+    }
+    return builder.build();
+}
+
+void paintDigital(PixelBuffer& buffer, const QSharedPointer<DigitalChannel>& channel, double xScale,
+    int startSample, bool usesSummary)
+{
+    BackgroundFill fill;
+    fill.setColor(0xFF000000);
+    fill.paint(buffer);
+    DigitalPainter painter;
+    painter.setChannel(channel);
+    painter.setColor(0xFFFFFFFF);
+    painter.setXScale(xScale);
+    painter.setStartSample(startSample);
+    painter.setUsesSummary(usesSummary);
+    painter.paint(buffer);
+}
 } // namespace
 
 class TestSummaryPlot : public QObject
@@ -199,6 +248,61 @@ private slots:
         }
         // Most cases must take the decimating branch, where the two ways differ in their work.
         QVERIFY(decimated > 900);
+    }
+
+    // Discrete rows at small scales: the blocks of the summary and the look at every sample find
+    // the same columns with a set bit, inverted channels included.
+    void digitalSummaryAndScanDrawTheSamePixels()
+    {
+        std::mt19937 random(20261124);
+        for (int index = 0; index < 400; ++index) {
+            const int channels = 1 + int(random() % 5);
+            const int sizes[] = { 1, 7, 8, 9, 63, 64, 65, 1000, 4097, 30000 };
+            const int samples = sizes[random() % 10];
+            const auto store = makeDigitalStore(channels, samples, index % 4, random);
+            auto channel = QSharedPointer<DigitalChannel>::create();
+            channel->setData(store);
+            channel->setDataOffset(int(random() % unsigned(channels)));
+            channel->setIsInverted(random() % 3 == 0);
+            const double xScale
+                = std::exp(std::uniform_real_distribution<double>(std::log(1e-4), std::log(0.05))(random));
+            const int startSample
+                = random() % 3 == 0 ? samples - int(random() % 40) : int(random() % unsigned(samples));
+            const int width = 1 + int(random() % 400);
+            const int height = 6 + int(random() % 40);
+            PixelBuffer viaSummary(width, height);
+            PixelBuffer viaScan(width, height);
+            paintDigital(viaSummary, channel, xScale, startSample, true);
+            paintDigital(viaScan, channel, xScale, startSample, false);
+            if (std::memcmp(viaSummary.data(), viaScan.data(), size_t(viaScan.capacity())) != 0)
+                QFAIL(qPrintable(
+                    QStringLiteral("case %1: %2 channels, %3 samples, pattern %4, scale %5, start %6")
+                        .arg(index)
+                        .arg(channels)
+                        .arg(samples)
+                        .arg(index % 4)
+                        .arg(xScale, 0, 'g', 17)
+                        .arg(startSample)));
+        }
+    }
+
+    // One set sample in a long clear channel: the column that holds it gets the bar, and only it.
+    void aSingleSetSampleMakesOneBar()
+    {
+        OscillogramDataBuilder builder;
+        builder.reserve(0, 0, 0, 0, 3, 100000);
+        builder.setDigitalChannelValue(54321, 1, true);
+        const auto store = builder.build();
+        auto channel = QSharedPointer<DigitalChannel>::create();
+        channel->setData(store);
+        channel->setDataOffset(1);
+        PixelBuffer buffer(200, 20);
+        paintDigital(buffer, channel, 0.002, 0, true); // 500 samples a column
+        const int bar = DigitalPainter::barFor(20);
+        for (int x = 0; x < 200; ++x) {
+            const bool expectBar = x == 54321 / 500;
+            QCOMPARE(buffer.pixel(x, bar) == 0xFFFFFFFF, expectBar);
+        }
     }
 
     // A column with a NaN is drawn by the scan even when the summary is asked for.
