@@ -95,6 +95,15 @@ Pressed pressDone(MergeSettingsForm& form, QMessageBox::StandardButton answer = 
     pressed.emitted = done.count();
     return pressed;
 }
+
+// Done refuses with the text under "Внимание" and emits nothing.
+void expectRefusal(MergeSettingsForm& form, const QString& text)
+{
+    const Pressed pressed = pressDone(form);
+    QCOMPARE(pressed.emitted, 0);
+    QCOMPARE(pressed.box.title, attention);
+    QCOMPARE(pressed.box.text, text);
+}
 } // namespace
 
 class TestMergeForms : public QObject
@@ -191,10 +200,7 @@ void TestMergeForms::astronomicalNeedsACommonInstant()
     form.setOscillograms(named({ first, second }));
     form.setVerticalMergeMode(2);
     form.setOscillogramName(QStringLiteral("Объединение"));
-    const Pressed pressed = pressDone(form);
-    QCOMPARE(pressed.emitted, 0);
-    QCOMPARE(pressed.box.title, attention);
-    QCOMPARE(pressed.box.text,
+    expectRefusal(form,
         QStringLiteral(
             "Осциллограммы расходятся по времени, объединение по астрономическому времени невозможно."));
     QCOMPARE(state(*first) + state(*second), before);
@@ -216,10 +222,7 @@ void TestMergeForms::firstFailureNeedsFailuresEverywhere()
     form.setOscillograms(named({ first, second }));
     form.setVerticalMergeMode(3);
     form.setOscillogramName(QStringLiteral("Объединение"));
-    const Pressed pressed = pressDone(form);
-    QCOMPARE(pressed.emitted, 0);
-    QCOMPARE(pressed.box.title, attention);
-    QCOMPARE(pressed.box.text,
+    expectRefusal(form,
         QStringLiteral(
             "Объединение по точке аварийного события невозможно. Найдена осциллограмма без аварийного "
             "события."));
@@ -241,10 +244,7 @@ void TestMergeForms::gluingNeedsASignal()
     QCOMPARE(form.channelList()->count(), 3);
     for (int row = 0; row < form.channelList()->count(); ++row)
         form.channelList()->item(row)->setCheckState(Qt::Unchecked);
-    const Pressed pressed = pressDone(form);
-    QCOMPARE(pressed.emitted, 0);
-    QCOMPARE(pressed.box.title, attention);
-    QCOMPARE(pressed.box.text, QStringLiteral("Сигналы не выбраны."));
+    expectRefusal(form, QStringLiteral("Сигналы не выбраны."));
     form.channelList()->item(1)->setCheckState(Qt::Checked);
     QCOMPARE(pressDone(form).emitted, 1);
     QCOMPARE(form.selectedItems().size(), 1);
@@ -276,10 +276,7 @@ void TestMergeForms::aNameIsRequired()
     MergeSettingsForm form;
     form.setOscillograms(named({ first }));
     form.setOscillogramName(QStringLiteral("   "));
-    const Pressed pressed = pressDone(form);
-    QCOMPARE(pressed.emitted, 0);
-    QCOMPARE(pressed.box.title, attention);
-    QCOMPARE(pressed.box.text, QStringLiteral("Введите название для новой осциллограммы."));
+    expectRefusal(form, QStringLiteral("Введите название для новой осциллограммы."));
 }
 
 void TestMergeForms::noRecordChosen()
@@ -290,10 +287,7 @@ void TestMergeForms::noRecordChosen()
     form.setOscillogramName(QStringLiteral("Объединение"));
     form.setOscillogramChosen(0, false);
     QCOMPARE(form.channelList()->count(), 0);
-    const Pressed pressed = pressDone(form);
-    QCOMPARE(pressed.emitted, 0);
-    QCOMPARE(pressed.box.title, attention);
-    QCOMPARE(pressed.box.text, QStringLiteral("Осциллограммы не выбраны."));
+    expectRefusal(form, QStringLiteral("Осциллограммы не выбраны."));
 }
 
 void TestMergeForms::differentConfigurationsAskBeforeGluing()
