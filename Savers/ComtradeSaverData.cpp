@@ -4,6 +4,7 @@
 #include "Savers/ComtradeSaver.h"
 
 #include <QDebug>
+#include <QHash>
 
 // A run of neighbouring columns of one type, read together for each sample.
 struct ComtradeSaver::ColumnSource
@@ -15,19 +16,22 @@ struct ComtradeSaver::ColumnSource
 };
 
 namespace {
-// Filtered channels are read from their own column; the full set by index, which is the
-// column wherever all analogue channels share one type, as they do in every loaded record.
+// Filtered channels are read from their own column; the full set by index among the channels of
+// the same type, which is the plain index wherever all analogue channels share one type, as they
+// do in every loaded record, and the column of a typed block in a merged record of several types.
 // Channels that follow each other in the store join into one run.
 template<typename ChannelOf>
 std::vector<ComtradeSaver::ColumnSource> sourcesOf(int count, bool onlySelected, ChannelOf channelOf)
 {
     std::vector<ComtradeSaver::ColumnSource> sources;
+    QHash<int, int> indexInType;
     for (int i = 0; i < count; ++i) {
         const auto channel = channelOf(i);
+        const int typeIndex = indexInType[int(channel->dataType())]++;
         if (onlySelected && !channel->isSelected())
             continue;
         const ComtradeSaver::ColumnSource next { channel->data().data(), channel->dataType(),
-            onlySelected ? channel->dataOffset() : i, 1 };
+            onlySelected ? channel->dataOffset() : typeIndex, 1 };
         if (!sources.empty()) {
             ComtradeSaver::ColumnSource& last = sources.back();
             if (last.store == next.store && last.type == next.type

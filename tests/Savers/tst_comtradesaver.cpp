@@ -673,6 +673,39 @@ private slots:
         }
     }
 
+    void aRecordOfSeveralTypesIsReadFromEachTypedBlock()
+    {
+        // A merged record keeps each channel in the block of its own type: the first channel is
+        // the only 16-bit one, the other two are the columns of the float block. Each is written
+        // from its own block, whatever its index in the whole set.
+        const auto original = makeSaverRecord({});
+        OscillogramDataBuilder builder;
+        builder.reserve(0, 2, 0, 1, 0, 200);
+        for (int s = 0; s < 200; ++s) {
+            builder.appendInt16Value(short(s - 100));
+            builder.appendFloatValue(float(2 * s));
+            builder.appendFloatValue(float(-3 * s));
+        }
+        const auto store = builder.build();
+        original->setData(store);
+        const DT::DataType types[] = { DT::Int16, DT::Float, DT::Float };
+        const int columns[] = { 0, 0, 1 };
+        for (int c = 0; c < 3; ++c) {
+            original->analogChannel(c)->setData(store);
+            original->analogChannel(c)->setDataType(types[c]);
+            original->analogChannel(c)->setDataOffset(columns[c]);
+        }
+        const QString target = freshPath();
+        QVERIFY(save(original, target).ok);
+        const LoadedRecord loaded = loadComtrade(target);
+        QVERIFY(loaded.record);
+        for (int s = 0; s < 200; s += 3) {
+            QCOMPARE(rawOf(*loaded.record, 0, s), double(s - 100));
+            QCOMPARE(rawOf(*loaded.record, 1, s), double(2 * s));
+            QCOMPARE(rawOf(*loaded.record, 2, s), double(-3 * s));
+        }
+    }
+
     void anUnknownValueTypeIsReportedAsACancel()
     {
         const auto original = makeSaverRecord({});
